@@ -1,0 +1,20 @@
+# Compile options that keep every result bit for bit the same on every processor and at every
+# optimisation level. Linked by the library and by the tests whose oracles repeat its arithmetic.
+add_library(trelvanix_arithmetic INTERFACE)
+
+if(MSVC)
+  target_compile_options(trelvanix_arithmetic INTERFACE /fp:precise /EHsc)
+else()
+  target_compile_options(trelvanix_arithmetic INTERFACE
+    # A fused multiply-add rounds once where the contract rounds twice.
+    -ffp-contract=off
+    # pow(x, 2.0) must stay a call: compilers turn it into x * x, which differs in the last bit.
+    -fno-builtin-pow
+    # These two change no value: nobody reads errno or the floating-point exception flags.
+    -fno-math-errno
+    -fno-trapping-math)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|x86_64|AMD64)$")
+    # The 80-bit registers of the x87 unit would round twice.
+    target_compile_options(trelvanix_arithmetic INTERFACE -msse2 -mfpmath=sse)
+  endif()
+endif()

@@ -1,0 +1,337 @@
+/* Trelvanix: numerical signal processing behind twenty C functions.
+ *
+ * Conventions that hold for every function
+ *
+ * Numbers      Arrays are contiguous 64-bit IEEE doubles; their count travels as a separate 32-bit int.
+ *              A complex array of n elements is 2n doubles: real part, imaginary part, real part, ...
+ * Ownership    A function that returns double* hands over a new result array; give it back once, with
+ *              ReleaseDoubleArray or ReleaseComplexDoubleArray (the two are interchangeable), from any
+ *              thread and in any order. Every other array belongs to the caller and is not kept.
+ * Frequencies  1.0 is the Nyquist frequency, half the sampling rate: 50 Hz at 360 Hz sampling is
+ *              50 / 180. Analog IIR designs (analog != 0, and Bessel) take their edges as they are.
+ * Filter types 0 lowpass, 1 highpass, 2 bandpass, 3 bandstop.
+ * Windows      0 Rectangle, 1 Hann, 2 Hamming, 3 Blackman, 4 Flattop, 5 Kaiser (beta = 7),
+ *              6 Gaussian (alpha = 2.5), 7 Triang, 8 Bartlett, 9 Bartlett-Hann,
+ *              10 Blackman-Harris (symmetric), 11 Blackman-Harris (periodic), 12 Parzen,
+ *              13 Nuttall (symmetric), 14 Nuttall (periodic).
+ * Errors       C++ exceptions leave the functions; each comment lists them in the order in which the
+ *              checks are made. A host that can't catch C++ exceptions checks its arguments first.
+ *              Where a comment lists no check, bad numbers give not-a-number results. Every function
+ *              that allocates may throw std::bad_alloc; a negative count (or one too large for the
+ *              address space) throws std::bad_array_new_length. Pointers are not checked: where a
+ *              comment does not allow null, null is undefined.
+ * Concurrency  No state is kept between calls. Calls may run at the same time on any threads as long
+ *              as they do not share an array that one of them writes.
+ * Version      Functions marked "Not in this version" throw std::logic_error and write nothing.
+ */
+#ifndef TRELVANIX_H
+#define TRELVANIX_H
+
+#define TRELVANIX_VERSION_MAJOR 0
+#define TRELVANIX_VERSION_MINOR 1
+#define TRELVANIX_VERSION_PATCH 0
+
+/* On Windows the names are exported by a module-definition file and need no mark here. */
+#if defined(__GNUC__) && !defined(_WIN32)
+#define TRELVANIX_API __attribute__((visibility("default")))
+#else
+#define TRELVANIX_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Fourier transforms ---------------------------------------------------------------------- */
+
+/* Computes the discrete Fourier transform X[k] = sum over j of x[j] e^(-2 pi i j k / n), unscaled.
+ *
+ *   input    n complex elements, read only
+ *   ignored  accepted and not used
+ *   n        number of elements, a power of two; 0 gives an empty result array
+ *
+ * Returns a new complex array of n elements.
+ *
+ * A length that is not a power of two does not give the n-point transform: with 2^m the largest power
+ * of two below n, the butterflies of the 2^m-point transform run on the first 2^m elements with twiddle
+ * factors of angle -2 pi k / n, and the elements at 2^m and beyond as well as those at
+ * bitreverse(0) .. bitreverse(n - 2^m - 1) (m bits) are zero. Pad with zeros (FFText does) to get a
+ * spectrum.
+ *
+ * Errors: std::bad_array_new_length for n < 0; std::bad_alloc. Numbers are not checked.
+ * Source: Gentleman & Sande 1966 (radix-2 decimation in frequency). */
+TRELVANIX_API double* DFT(const double* input, int ignored, int n);
+
+/* The same as DFT, bit for bit. */
+TRELVANIX_API double* FFT(const double* input, int ignored, int n);
+
+/* Computes the complex conjugate of the inverse discrete Fourier transform, scaled by 1/n: the forward
+ * transform of the conjugated input, divided by n and not conjugated again. For the spectrum of a real
+ * signal that is the signal, with imaginary parts of rounding size; of a complex signal the imaginary
+ * parts come out with the opposite sign.
+ *
+ *   input    n complex elements, read only
+ *   ignored  accepted and not used
+ *   n        number of elements, a power of two; other lengths as for DFT; 0 gives an empty array
+ *
+ * Returns a new complex array of n elements.
+ *
+ * Errors: std::bad_array_new_length for n < 0; std::bad_alloc. Numbers are not checked.
+ * Source: Gentleman & Sande 1966. */
+TRELVANIX_API double* IFFT(const double* input, int ignored, int n);
+
+/* Transforms a real signal at a length of the caller's choice: the signal is cut, or padded with zeros,
+ * to n samples.
+ *
+ *   x        xCount samples, read only; may be null when no sample is read
+ *   xCount   number of samples; 0 reads none, a negative count reads n samples
+ *   n        transform length, a power of two; other lengths as for DFT; 0 writes nothing
+ *   outReal  n doubles, written: real parts of the spectrum, unscaled
+ *   outImag  n doubles, written: imaginary parts; must not overlap outReal
+ *
+ * Errors: std::bad_array_new_length for n < 0; std::bad_alloc. Nothing is written before an error.
+ * Numbers are not checked.
+ * Source: Gentleman & Sande 1966. */
+TRELVANIX_API void FFText(const double* x, int xCount, int n, double* outReal, double* outImag);
+
+/* ---- Filtering --------------------------------------------------------------------------------- */
+
+/* Applies FIR or IIR coefficients to a signal: FirFilterToSignal(signal, b, signalLength, coefCount)
+ * when a is null, IirFilterToSignal(signal, b, a, signalLength, coefCount) otherwise. Arguments, result
+ * and errors are those of the function chosen. */
+TRELVANIX_API double* Filter(const double* signal, const double* b, const double* a, int signalLength,
+                             int coefCount);
+
+/* Filters a signal with FIR taps, starting from rest:
+ * y[n] = sum over k of h[k] x[n - (tapCount - 1 - k)], k increasing, samples before the signal being 0.
+ *
+ *   signal        signalLength samples, read only
+ *   h             tapCount taps, read only: h[tapCount - 1] weights the newest sample, h[0] the oldest.
+ *                 Symmetric taps give the usual convolution; reverse others first if you want that.
+ *   signalLength  number of samples; 0 gives an empty result array
+ *   tapCount      number of taps; 0 gives zeros
+ *
+ * Returns a new array of signalLength samples. The products with the samples before the signal take
+ * place, so that an infinite tap gives not-a-number there.
+ *
+ * Errors: std::bad_array_new_length for signalLength < 0 or tapCount < 0; std::bad_alloc. Numbers are
+ * not checked.
+ * Source: Oppenheim & Schafer, Discrete-Time Signal Processing. */
+TRELVANIX_API double* FirFilterToSignal(const double* signal, const double* h, int signalLength,
+                                        int tapCount);
+
+/* Filters a signal with an IIR filter in direct form I, starting from rest:
+ * y[n] = sum over k of b[k] x[n - k]  -  sum over k >= 1 of a[k] y[n - k], k increasing in both sums.
+ *
+ *   signal        signalLength samples, read only
+ *   b             coefCount numerator coefficients, read only
+ *   a             coefCount denominator coefficients, read only; a[0] is taken to be 1 and never read,
+ *                 so divide b and a by a[0] first if it is not
+ *   signalLength  number of samples; 0 gives an empty result array
+ *   coefCount     length of b and of a; 0 gives zeros
+ *
+ * Returns a new array of signalLength samples. The products with the zeros before the signal take
+ * place, as in FirFilterToSignal.
+ *
+ * Errors: std::bad_array_new_length for signalLength < 0 or coefCount < 0; std::bad_alloc. Numbers are
+ * not checked.
+ * Source: Oppenheim & Schafer, Discrete-Time Signal Processing. */
+TRELVANIX_API double* IirFilterToSignal(const double* signal, const double* b, const double* a,
+                                        int signalLength, int coefCount);
+
+/* ---- Polynomial roots ---------------------------------------------------------------------------- */
+
+/* Finds the n roots of c[0] z^n + c[1] z^(n-1) + ... + c[n-1] z + c[0]: the constant term is always
+ * taken equal to the leading coefficient, as palindromic polynomials have it. Not in this version.
+ *
+ *   c   coefficients, highest power first; c[0] .. c[n-1] are read, c[0] must not be zero
+ *   n   number of roots; 0 gives an empty result array
+ *
+ * Returns a new complex array of n roots, in the order in which they are found; conjugate pairs are
+ * neighbours, negative imaginary part first.
+ *
+ * Errors: std::bad_array_new_length for n < 0 or n > 46340; std::bad_alloc. Numbers are not checked.
+ * Source: eigenvalues of the companion matrix, Francis 1961, Golub & Van Loan. */
+TRELVANIX_API double* Roots(const double* c, int n);
+
+/* ---- FIR design ---------------------------------------------------------------------------------- */
+
+/* Designs a linear-phase FIR filter: ideal impulse response times a window.
+ *
+ *   order       filter order, >= 1; the filter has order + 1 taps. Choose an even order for highpass
+ *               and bandstop: an odd one cannot pass the Nyquist frequency, and a highpass is then
+ *               divided by a gain that is rounding noise.
+ *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop
+ *   windowType  0 .. 14, see "Windows" above
+ *   wc1, wc2    edges, fractions of the Nyquist frequency, in (0, 1); lowpass and highpass use wc1
+ *               alone; wc1 < wc2 is not demanded
+ *
+ * Returns a new array of order + 1 taps. The gain is one at zero frequency (lowpass, bandstop), at
+ * Nyquist (highpass) or midway between the edges (bandpass).
+ *
+ * Errors, first failure wins, nothing is returned: std::invalid_argument for windowType outside
+ * 0 .. 14, filterType outside 0 .. 3, order below 1, wc1 outside (0, 1), wc2 outside (0, 1) (tested for
+ * every type but highpass, so a lowpass needs a valid wc2 too); std::bad_array_new_length for an order
+ * whose tap count does not fit an int; std::bad_alloc. A not-a-number edge passes the checks and gives
+ * not-a-number taps; so does a window that is zero everywhere (order 1 with Hann or Bartlett).
+ * Source: window method, Oppenheim & Schafer, Discrete-Time Signal Processing; windows, Harris 1978. */
+TRELVANIX_API double* CreateFirByWindow(int order, int filterType, int windowType, double wc1,
+                                        double wc2);
+
+/* Designs a linear-phase FIR filter by frequency sampling: a piecewise linear amplitude on a dense
+ * grid, inverse transform, window. The gain is not normalised. Not in this version.
+ *
+ *   order       filter order, >= 1; the filter has order + 1 taps
+ *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
+ *   windowType  0 .. 14, see "Windows" above
+ *   wc1, wc2    fractions of the Nyquist frequency. Lowpass and highpass: end of the first band and
+ *               start of the second, linear in between; wc1 = 0 makes a jump at wc2. Band types:
+ *               the two edges, each a jump.
+ *
+ * Returns a new array of order + 1 taps.
+ *
+ * Errors, first failure wins: std::invalid_argument for order below 1, for windowType outside 0 .. 14,
+ * for a lowpass or highpass with wc2 = 0 and wc1 not 0; std::bad_array_new_length for an order whose
+ * tap count does not fit an int; std::bad_alloc.
+ * Source: frequency sampling, Oppenheim & Schafer, Discrete-Time Signal Processing. */
+TRELVANIX_API double* CreateFirByFS(int order, int filterType, int windowType, double wc1, double wc2);
+
+/* Designs an equiripple linear-phase FIR filter with equal weights in all bands. Not in this version.
+ *
+ *   order       filter order; the filter has order + 1 taps
+ *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
+ *   wc1, wc2    fractions of the Nyquist frequency, as for CreateFirByFS: lowpass and highpass have
+ *               their transition between wc1 and wc2, or bands that touch at wc2 when wc1 = 0; band
+ *               types have bands that touch at wc1 and at wc2
+ *
+ * Returns a new array of order + 1 symmetric taps.
+ *
+ * Errors: std::invalid_argument for a lowpass or highpass with wc2 = 0 and wc1 not 0;
+ * std::bad_array_new_length for order below -1; std::length_error for a frequency grid too large;
+ * std::bad_alloc.
+ * Source: Parks & McClellan 1972; McClellan, Parks & Rabiner 1973. */
+TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, double wc2);
+
+/* Estimates the order of an equiripple FIR filter from its edges and deviations, and designs it.
+ * Not in this version.
+ *
+ *   filterType   0 lowpass, 1 highpass, 2 bandpass, 3 bandstop (designed as bandpass)
+ *   f1, f2       lowpass, highpass: the transition band; band types: the first transition band;
+ *                fractions of the Nyquist frequency
+ *   f3, f4       band types: the second transition band; not used for lowpass and highpass
+ *   dev          ndev largest deviations, linear, in band order; normalised in place
+ *   ndev         2 for lowpass and highpass, 3 for the band types
+ *   order        written: the order estimated, before the design runs
+ *
+ * Returns a new array of *order + 1 symmetric taps.
+ *
+ * Errors, first failure wins: std::invalid_argument for filterType outside 0 .. 3, for an ndev that
+ * does not suit it (dev and *order are then untouched), for an estimate that is not finite or does not
+ * fit an int (*order is then untouched); std::bad_array_new_length for an estimate below -1;
+ * std::length_error for a frequency grid too large; std::bad_alloc.
+ * Source: order, Herrmann, Rabiner & Chan 1973; design, McClellan, Parks & Rabiner 1973. */
+TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, double f3, double f4,
+                                          double* dev, int ndev, int* order);
+
+/* ---- IIR design ---------------------------------------------------------------------------------- */
+
+/* Designs a Butterworth filter. Not in this version.
+ *
+ *   order       order n of the lowpass prototype, >= 1; the filter has N = n poles (lowpass, highpass)
+ *               or N = 2n (band types)
+ *   wn          lowpass, highpass: wn[0], the -3 dB edge; band types: wn[0] < wn[1], overwritten with
+ *               the prepared centre frequency and 0.0. Fractions of the Nyquist frequency.
+ *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value takes the lowpass
+ *               transformation with wn[0] as it is
+ *   analog      0 for a digital design; otherwise no prewarping and no bilinear transform, the lower
+ *               edge counting as 0
+ *   a           N + 1 doubles, written: denominator, a[0] = 1, descending powers; null is allowed
+ *   b           N + 1 doubles, written: numerator; null is allowed
+ *
+ * Errors: std::bad_array_new_length for order < 0; std::bad_alloc. If the model of a bandpass cannot
+ * grow, "Memory allocation failed for 'a' or 'b' or 'c'." goes to standard error and the process ends
+ * with status 1. Numbers are not checked.
+ * Source: Parks & Burrus, Digital Filter Design, 1987. */
+TRELVANIX_API void Butterworth(int order, double* wn, unsigned int filterType, int analog, double* a,
+                               double* b);
+
+/* Designs a Chebyshev type I filter: equal ripple in the pass band. Not in this version.
+ *
+ *   rp   peak-to-peak ripple of the pass band in decibels, > 0
+ *
+ * The other parameters and the errors are those of Butterworth; wn holds the edge of the ripple band.
+ * Source: Parks & Burrus, Digital Filter Design, 1987. */
+TRELVANIX_API void Chebyshv1(int order, double rp, double* wn, unsigned int filterType, int analog,
+                             double* a, double* b);
+
+/* Designs a Chebyshev type II filter: equal ripple in the stop band. Not in this version.
+ *
+ *   rs   attenuation of the stop band in decibels, > 0
+ *
+ * The other parameters and the errors are those of Butterworth; wn holds the edge of the stop band.
+ * Source: Parks & Burrus, Digital Filter Design, 1987. */
+TRELVANIX_API void Chebyshv2(int order, double rs, double* wn, unsigned int filterType, int analog,
+                             double* a, double* b);
+
+/* Designs an analog Bessel filter: maximally flat group delay. Not in this version.
+ *
+ *   order       order n of the lowpass prototype, 1 .. 25; N = n poles, or 2n for the band types
+ *   wn          edge or edges in rad/s, never prewarped; band types: overwritten with the centre
+ *               frequency and 0.0
+ *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
+ *   a           N + 1 doubles, written: denominator in descending powers of s, a[0] = 1; null is
+ *               allowed
+ *   b           N + 1 doubles, written: all zero but the last, the gain, for every type; null is
+ *               allowed
+ *
+ * Errors: as for Butterworth.
+ * Source: Thomson 1949; Parks & Burrus, Digital Filter Design, 1987. */
+TRELVANIX_API void Bessel(int order, double* wn, int filterType, double* a, double* b);
+
+/* Designs an elliptic filter: equal ripple in the pass band and in the stop band. Not in this version.
+ *
+ *   Rp   ripple of the pass band in decibels, > 0
+ *   Rs   attenuation of the stop band in decibels, > Rp
+ *
+ * The other parameters and the errors are those of Butterworth; wn holds the edge of the pass band.
+ * Source: Orfanidis, Lecture Notes on Elliptic Filter Design, 2006. */
+TRELVANIX_API void Elliptic(int order, double Rp, double Rs, double* wn, unsigned int filterType,
+                            int analog, double* a, double* b);
+
+/* ---- Order estimation ---------------------------------------------------------------------------- */
+
+/* Estimates the smallest order of an IIR filter that meets its requirements. Not in this version.
+ *
+ *   designType       0 Butterworth, 1 Chebyshev I, 2 Chebyshev II, 3 elliptic, 4 Bessel (a fixed
+ *                    answer: order 1, wn[0] = 0.1 when edgeCount is 2); any other value writes nothing
+ *   edges            edgeCount edges, fractions of the Nyquist frequency, read only: the pass-band
+ *                    edge or edges, then the stop-band edge or edges
+ *   edgeCount        2 (lowpass, highpass) or 4 (bandpass, bandstop); the type follows from the edges
+ *   passRipple       largest attenuation in the pass band, decibels
+ *   stopAttenuation  smallest attenuation in the stop band, decibels
+ *   order            written: the order
+ *   wn               edgeCount / 2 doubles, written: the edge or edges for the design function
+ *
+ * Errors: std::bad_alloc. Numbers are not checked.
+ * Source: Parks & Burrus, Digital Filter Design, 1987; minimiser, Brent 1973. */
+TRELVANIX_API void FilterMinimumOrder(int designType, const double* edges, int edgeCount,
+                                      double passRipple, double stopAttenuation, int* order,
+                                      double* wn);
+
+/* ---- Release ------------------------------------------------------------------------------------- */
+
+/* Releases a result array.
+ *
+ *   p   a result array of this library that was not released before, or null
+ *
+ * Returns 1, or 0 when p is null. Throws nothing. */
+TRELVANIX_API int ReleaseDoubleArray(void* p);
+
+/* The same as ReleaseDoubleArray. */
+TRELVANIX_API int ReleaseComplexDoubleArray(void* p);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

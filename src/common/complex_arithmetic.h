@@ -1,0 +1,40 @@
+#ifndef TRELVANIX_COMMON_COMPLEX_ARITHMETIC_H
+#define TRELVANIX_COMMON_COMPLEX_ARITHMETIC_H
+
+#include <cmath>
+#include <complex>
+#include <cstdint>
+
+namespace trelvanix
+{
+
+using Complex = std::complex<double>;
+
+// (ac - bd) + j(ad + bc). The operator of std::complex is free to repair infinities and to choose its
+// order; this one gives the same bits everywhere.
+inline Complex Multiply(Complex x, Complex y)
+{
+    return {x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real()};
+}
+
+// e^(j angle).
+inline Complex UnitPhasor(double angle)
+{
+    return {std::cos(angle), std::sin(angle)};
+}
+
+// Element k of a complex array kept as pairs of doubles.
+inline Complex LoadComplex(const double* array, std::int64_t k)
+{
+    return {array[2 * k], array[2 * k + 1]};
+}
+
+inline void StoreComplex(double* array, std::int64_t k, Complex value)
+{
+    array[2 * k] = value.real();
+    array[2 * k + 1] = value.imag();
+}
+
+} // namespace trelvanix
+
+#endif

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <new>
+#include <stdexcept>
+#include <string>
+
+#include "trelvanix.h"
+
+#if defined(__linux__) && !defined(TRELVANIX_SANITIZED)
+#include <sys/resource.h>
+
+#include <cstdlib>
+#endif
+
+namespace
+{
+
+// What leaves a call into the shared library, with its message, as a host catches it.
+template <class Exception>
+std::string MessageOf(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const Exception& exception) {
+        return exception.what();
+    }
+    return "no exception";
+}
+
+TEST(Exceptions, OfArgumentChecksReachTheHostWithTheirMessage)
+{
+    using Error = std::invalid_argument;
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 0, 15, 0.5, 0.5); }),
+              "windowType should be '0-14'.(Rectangle 0,Hann 1,Hamming 2,Blackman 3,Flattop 4,Kaiser 5,"
+              "Gaussian 6,Triang 7,Bartlett 8,Bartlett-Hann 9,Blackman-Harris(Symmetric) 10,"
+              "Blackman-Harris(Periodic) 11,Parzen 12,Nuttall(Symmetric) 13,Nuttall(Periodic) 14)");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 4, 0, 0.5, 0.5); }),
+              "filterType should be '0-3'.(LowPass 0, HighPass 1,BandPass 2,BandStop 3)");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(0, 0, 0, 0.5, 0.5); }), "Order should be '>=1'");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 0, 0, 1.0, 0.5); }), "wc1 should be '(0,1)'");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 0, 0, 0.5, 1.0); }),
+              "wc2 should be  '(0,1)'");
+}
+
+TEST(Exceptions, OfNegativeCountsReachTheHost)
+{
+    const double one[] = {1.0, 0.0};
+    double out[1];
+    EXPECT_THROW(DFT(one, 0, -1), std::bad_array_new_length);
+    EXPECT_THROW(FFT(one, 0, -1), std::bad_array_new_length);
+    EXPECT_THROW(IFFT(one, 0, -1), std::bad_array_new_length);
+    EXPECT_THROW(FFText(one, 1, -1, out, out), std::bad_array_new_length);
+    EXPECT_THROW(Filter(one, one, nullptr, -1, 1), std::bad_array_new_length);
+    EXPECT_THROW(Filter(one, one, one, -1, 1), std::bad_array_new_length);
+    EXPECT_THROW(FirFilterToSignal(one, one, 1, -1), std::bad_array_new_length);
+    EXPECT_THROW(IirFilterToSignal(one, one, one, 1, -1), std::bad_array_new_length);
+}
+
+// The sanitizers reserve terabytes of addresses, which leaves no room for a limit.
+#if defined(__linux__) && !defined(TRELVANIX_SANITIZED)
+TEST(ExceptionsDeathTest, OfExhaustedMemoryReachTheHost)
+{
+    const auto designBeyondTheLimit = [] {
+        const rlimit limit = {1U << 28, 1U << 28};
+        setrlimit(RLIMIT_AS, &limit);
+        try {
+            ReleaseDoubleArray(CreateFirByWindow(100000000, 0, 0, 0.5, 0.5));
+        } catch (const std::bad_array_new_length&) {
+            std::_Exit(1);
+        } catch (const std::bad_alloc&) {
+            std::_Exit(42);
+        }
+        std::_Exit(2);
+    };
+    EXPECT_EXIT(designBeyondTheLimit(), ::testing::ExitedWithCode(42), "");
+}
+#endif
+
+TEST(Exceptions, NameTheFunctionsThatAreNotInThisVersion)
+{
+    using Error = std::logic_error;
+    const auto expected = [](const std::string& function) {
+        return function + " is not in this version of Trelvanix";
+    };
+    double c[] = {1.0, 2.0};
+    double wn[] = {0.25, 0.5};
+    double dev[] = {0.01, 0.01};
+    double a[] = {7.0};
+    double b[] = {8.0};
+    int order = 9;
+    EXPECT_EQ(MessageOf<Error>([&] { Roots(c, 1); }), expected("Roots"));
+    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByFS(10, 0, 0, 0.2, 0.3); }), expected("CreateFirByFS"));
+    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByRemez(10, 0, 0.2, 0.3); }),
+              expected("CreateFirByRemez"));
+    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByRemezord(0, 0.2, 0.3, 0.0, 0.0, dev, 2, &order); }),
+              expected("CreateFirByRemezord"));
+    EXPECT_EQ(MessageOf<Error>([&] { Butterworth(1, wn, 0, 0, a, b); }), expected("Butterworth"));
+    EXPECT_EQ(MessageOf<Error>([&] { Chebyshv1(1, 1.0, wn, 0, 0, a, b); }), expected("Chebyshv1"));
+    EXPECT_EQ(MessageOf<Error>([&] { Chebyshv2(1, 40.0, wn, 0, 0, a, b); }), expected("Chebyshv2"));
+    EXPECT_EQ(MessageOf<Error>([&] { Bessel(1, wn, 0, a, b); }), expected("Bessel"));
+    EXPECT_EQ(MessageOf<Error>([&] { Elliptic(1, 1.0, 40.0, wn, 0, 0, a, b); }), expected("Elliptic"));
+    EXPECT_EQ(MessageOf<Error>([&] { FilterMinimumOrder(0, wn, 2, 1.0, 40.0, &order, a); }),
+              expected("FilterMinimumOrder"));
+    EXPECT_EQ(a[0], 7.0);
+    EXPECT_EQ(b[0], 8.0);
+    EXPECT_EQ(order, 9);
+}
+
+} // namespace

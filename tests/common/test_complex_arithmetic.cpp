@@ -1,0 +1,56 @@
+#include "common/complex_arithmetic.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "support/bits.h"
+
+namespace trelvanix
+{
+namespace
+{
+
+constexpr double inf = std::numeric_limits<double>::infinity();
+
+TEST(Multiply, FollowsTheSchoolFormula)
+{
+    EXPECT_EQ(Multiply({1.0, 2.0}, {3.0, 4.0}), Complex(-5.0, 10.0));
+    EXPECT_EQ(Multiply({0.0, 1.0}, {0.0, 1.0}), Complex(-1.0, 0.0));
+}
+
+TEST(Multiply, KeepsNotANumberOfAnInfiniteFactor)
+{
+    // A repairing product, as C's Annex G has it, would give an infinity here.
+    const Complex product = Multiply({inf, inf}, {1.0, 0.0});
+    EXPECT_TRUE(std::isnan(product.real()));
+    EXPECT_TRUE(std::isnan(product.imag()));
+}
+
+TEST(UnitPhasor, LiesOnTheUnitCircle)
+{
+    EXPECT_EQ(UnitPhasor(0.0), Complex(1.0, 0.0));
+    const Complex quarter = UnitPhasor(std::acos(0.0));
+    // cos of the double nearest to pi/2 is the distance of that double from pi/2.
+    EXPECT_NEAR(quarter.real(), 6.123233995736766e-17, 1e-30);
+    EXPECT_EQ(quarter.imag(), 1.0);
+}
+
+TEST(UnitPhasor, KeepsTheSignOfAZeroAngle)
+{
+    EXPECT_TRUE(testing::SameBits(UnitPhasor(-0.0).imag(), -0.0));
+    EXPECT_TRUE(testing::SameBits(UnitPhasor(0.0).imag(), 0.0));
+}
+
+TEST(LoadComplex, ReadsWhatStoreComplexWrote)
+{
+    double array[] = {0.0, 0.0, 0.0, 0.0};
+    StoreComplex(array, 1, {3.0, -4.0});
+    EXPECT_EQ(array[2], 3.0);
+    EXPECT_EQ(array[3], -4.0);
+    EXPECT_EQ(LoadComplex(array, 1), Complex(3.0, -4.0));
+    EXPECT_EQ(LoadComplex(array, 0), Complex(0.0, 0.0));
+}
+
+} // namespace
+} // namespace trelvanix
