@@ -1,0 +1,51 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the given jobs need and that are missing.
+#   scripts/install_packages.sh JOB...     JOB: demo, test
+# As root, or with sudo; does nothing, and takes no time, when everything is there.
+set -euo pipefail
+
+demo_packages=(cmake make g++ gnuplot-nox libcli11-dev)
+test_packages=(
+  "${demo_packages[@]}"
+  libgtest-dev                                     # unit tests
+  python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
+  libbenchmark-dev                                 # benchmarks
+  clang clang-format clang-tidy                    # second compiler, style
+  g++-mingw-w64-x86-64-posix                       # Windows cross build
+)
+
+packages=()
+for job in "$@"; do
+  case $job in
+    demo) packages+=("${demo_packages[@]}") ;;
+    test) packages+=("${test_packages[@]}") ;;
+    *) echo "install_packages.sh: unknown job '$job'; it is demo or test" >&2; exit 2 ;;
+  esac
+done
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || {
+    echo "These Debian packages are missing: ${missing[*]}" >&2
+    echo "Run as root or install sudo, so that they can be installed." >&2
+    exit 1
+  }
+  as_root=(sudo)
+fi
+
+echo "Installing Debian packages: ${missing[*]}"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${as_root[@]}" apt-get update -qq &&
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+  cat "$log" >&2
+  exit 1
+fi
