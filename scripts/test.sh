@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test: GCC, Clang, sanitizers, style, the Windows cross build and the
+# demonstration. Installs the Debian packages that are missing (as root, or with sudo).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+step() { printf '\n== %s\n' "$*"; }
+
+# Quiet while all goes well.
+quietly() {
+  local log
+  log=$(mktemp)
+  if ! "$@" >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  rm -f "$log"
+}
+
+build() {
+  quietly cmake --preset "$1" -DTRELVANIX_WARNINGS_AS_ERRORS=ON
+  quietly cmake --build --preset "$1" --parallel "$(nproc)"
+}
+
+run_tests() {
+  ctest --preset "$1" --parallel "$(nproc)" --progress
+}
+
+scripts/install_packages.sh test
+
+step "GCC: build with warnings as errors, all tests"
+build release
+run_tests release
+
+step "Clang: build with warnings as errors, all tests"
+build clang
+run_tests clang
+
+step "Address and undefined-behaviour sanitizers: all tests"
+build asan
+run_tests asan
+
+step "Thread sanitizer"
+build tsan
+run_tests tsan
+
+step "Windows DLL: cross build"
+build mingw
+
+step "Style: clang-format, clang-tidy"
+scripts/check_style.sh
+
+step "Demonstration"
+scripts/demo.sh
+
+step "All tests passed"
