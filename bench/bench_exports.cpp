@@ -21,7 +21,7 @@ std::vector<double> Ramp(std::int64_t count)
 void BenchFft(benchmark::State& state)
 {
     const std::vector<double> input = Ramp(2 * state.range(0));
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         ReleaseComplexDoubleArray(FFT(input.data(), 0, static_cast<int>(state.range(0))));
 }
 BENCHMARK(BenchFft)->Name("FFT")->RangeMultiplier(4)->Range(1 << 4, 1 << 20);
@@ -32,7 +32,7 @@ void BenchFir(benchmark::State& state)
 {
     const std::vector<double> signal = Ramp(signalLength);
     const std::vector<double> taps = Ramp(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ReleaseDoubleArray(FirFilterToSignal(signal.data(), taps.data(), signalLength,
                                              static_cast<int>(state.range(0))));
     }
@@ -47,7 +47,7 @@ void BenchIir(benchmark::State& state)
     std::vector<double> a = b;
     for (double& value : a)
         value /= static_cast<double>(state.range(0));
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ReleaseDoubleArray(IirFilterToSignal(signal.data(), b.data(), a.data(), signalLength,
                                              static_cast<int>(state.range(0))));
     }
@@ -58,7 +58,7 @@ BENCHMARK(BenchIir)->Name("IirFilterToSignal/coefficients")->Arg(3)->Arg(5)->Arg
 void BenchWindowedDesign(benchmark::State& state)
 {
     constexpr int lowpass = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         ReleaseDoubleArray(CreateFirByWindow(static_cast<int>(state.range(1)), lowpass,
                                              static_cast<int>(state.range(0)), 0.3, 0.5));
     }
