@@ -1,6 +1,8 @@
 #include "trelvanix.h"
 
-#include "api/not_in_this_version.h"
+#include "fir/equiripple_design.h"
+#include "fir/equiripple_order.h"
+#include "fir/frequency_sampling.h"
 #include "fir/windowed_design.h"
 
 double* CreateFirByWindow(int order, int filterType, int windowType, double wc1, double wc2)
@@ -8,19 +10,18 @@ double* CreateFirByWindow(int order, int filterType, int windowType, double wc1,
     return trelvanix::CreateFirByWindow(order, filterType, windowType, wc1, wc2).release();
 }
 
-double* CreateFirByFS(int /*order*/, int /*filterType*/, int /*windowType*/, double /*wc1*/,
-                      double /*wc2*/)
+double* CreateFirByFS(int order, int filterType, int windowType, double wc1, double wc2)
 {
-    trelvanix::ThrowNotInThisVersion("CreateFirByFS");
+    return trelvanix::CreateFirByFS(order, filterType, windowType, wc1, wc2).release();
 }
 
-double* CreateFirByRemez(int /*order*/, int /*filterType*/, double /*wc1*/, double /*wc2*/)
+double* CreateFirByRemez(int order, int filterType, double wc1, double wc2)
 {
-    trelvanix::ThrowNotInThisVersion("CreateFirByRemez");
+    return trelvanix::CreateFirByRemez(order, filterType, wc1, wc2).release();
 }
 
-double* CreateFirByRemezord(int /*filterType*/, double /*f1*/, double /*f2*/, double /*f3*/,
-                            double /*f4*/, double* /*dev*/, int /*ndev*/, int* /*order*/)
+double* CreateFirByRemezord(int filterType, double f1, double f2, double f3, double f4, double* dev,
+                            int ndev, int* order)
 {
-    trelvanix::ThrowNotInThisVersion("CreateFirByRemezord");
+    return trelvanix::CreateFirByRemezord(filterType, f1, f2, f3, f4, dev, ndev, order).release();
 }
