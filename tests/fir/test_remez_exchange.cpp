@@ -1,0 +1,273 @@
+#include "fir/remez_exchange.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "fir/equiripple_error.h"
+#include "fir/remez_grid.h"
+#include "support/bits.h"
+
+namespace trelvanix
+{
+namespace
+{
+
+using Row = std::vector<double>;
+using testing::Alternation;
+using testing::AmplitudeOf;
+using testing::FindAlternation;
+using testing::SameBits;
+using testing::TestBand;
+
+constexpr double epsilon = std::numeric_limits<double>::epsilon();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+// ---- Lagrange weights --------------------------------------------------------------------------
+
+TEST(LagrangeWeight, IsTheReciprocalOfTheProductOfTwiceTheDifferences)
+{
+    const Row x = {1.0, 0.0, -1.0};
+    EXPECT_EQ(LagrangeWeight(0, 3, 1, x), 1.0 / 8.0);  // 2 (1 - 0) * 2 (1 + 1)
+    EXPECT_EQ(LagrangeWeight(1, 3, 1, x), -1.0 / 4.0); // 2 (0 - 1) * 2 (0 + 1)
+    EXPECT_EQ(LagrangeWeight(2, 3, 1, x), 1.0 / 8.0);
+    EXPECT_EQ(LagrangeWeight(0, 2, 1, x), 1.0 / 2.0); // the first two nodes alone
+    EXPECT_EQ(LagrangeWeight(0, 1, 1, x), 1.0);
+}
+
+TEST(LagrangeWeight, EqualNodes_KeepBeingLeftOut)
+{
+    EXPECT_EQ(LagrangeWeight(0, 3, 1, {1.0, 1.0, 0.5}), 1.0);
+    EXPECT_EQ(LagrangeWeight(0, 3, 1, {0.5, 0.5, 0.5}), 1.0);
+}
+
+TEST(LagrangeWeight, Groups_AreMultipliedOneAfterAnother)
+{
+    const Row x = {0.9, -1.0, -0.11, 0.44, -0.54, 0.89};
+    const auto factor = [&](std::size_t j) { return 2.0 * (0.9 - x[j]); };
+    const double even = factor(2) * factor(4);
+    const double odd = factor(1) * factor(3) * factor(5);
+    EXPECT_TRUE(SameBits(LagrangeWeight(0, 6, 2, x), 1.0 / (even * odd)));
+    const double inOneGo = factor(1) * factor(2) * factor(3) * factor(4) * factor(5);
+    EXPECT_TRUE(SameBits(LagrangeWeight(0, 6, 1, x), 1.0 / inOneGo));
+    // The order shows in the last bit: these nodes were chosen for it.
+    EXPECT_FALSE(SameBits(1.0 / (even * odd), 1.0 / inOneGo));
+}
+
+TEST(LagrangeWeight, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
+{
+    // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Two groups of
+    // alternate nodes cannot help here, but a group for every factor pair does.
+    Row x = {0.0};
+    for (int j = 0; j < 10; ++j)
+        x.push_back(-5e39);
+    for (int j = 0; j < 10; ++j)
+        x.push_back(-5e-41);
+    EXPECT_EQ(LagrangeWeight(0, 21, 1, x), 0.0);
+    EXPECT_NEAR(LagrangeWeight(0, 21, 10, x), 1.0, 40 * epsilon);
+}
+
+// ---- Whole designs -----------------------------------------------------------------------------
+
+struct Design {
+    RemezResult result;
+    Row taps;
+    RemezProblem problem; // as it went in, frequencies in cycles per sample
+};
+
+Design DesignFor(int order, const std::vector<TestBand>& bands)
+{
+    Row edges;
+    Row amplitudes;
+    Row weights;
+    for (const TestBand& band : bands) {
+        edges.insert(edges.end(), {band.lower, band.upper});
+        amplitudes.insert(amplitudes.end(), 2, band.amplitude);
+        weights.push_back(band.weight);
+    }
+    Design design;
+    design.problem = DesignGrid(order, edges.data(), amplitudes.data(), static_cast<int>(edges.size()),
+                                weights.data(), static_cast<int>(weights.size()));
+    for (double& f : design.problem.grid)
+        f *= 0.5;
+    RemezProblem work = design.problem;
+    design.result = RemezExchange(order + 1, work.grid.data(), work.desired.data(), work.weight.data(),
+                                  static_cast<int>(work.grid.size()));
+    design.taps = design.result.halfResponse;
+    for (int i = (order + 1) / 2 - 1; i >= 0; --i)
+        design.taps.push_back(design.taps.data()[i]);
+    return design;
+}
+
+// The largest weighted error on the design's own grid.
+double LargestGridError(const Design& design)
+{
+    double largest = 0.0;
+    for (std::size_t l = 0; l < design.problem.grid.size(); ++l) {
+        const double error =
+            AmplitudeOf(design.taps, 2.0 * design.problem.grid[l]) - design.problem.desired[l];
+        largest = std::fmax(largest, std::abs(error) * design.problem.weight[l]);
+    }
+    return largest;
+}
+
+// The theorem of Chebyshev: nfcns + 1 alternating extrema of equal size are the mark of the best
+// approximation. And de la Vallee Poussin's: the best error on the whole bands lies between the
+// smallest of such a row and the largest error anywhere.
+void ExpectAlternation(int order, const std::vector<TestBand>& bands)
+{
+    SCOPED_TRACE("order " + std::to_string(order));
+    const Design design = DesignFor(order, bands);
+    ASSERT_TRUE(design.result.converged);
+    const int nfcns = order / 2 + 1 - order % 2;
+
+    const double onGrid = LargestGridError(design);
+    // Ten times denser than the 16 points per function of the grid.
+    const Alternation dense = FindAlternation(design.taps, bands, 160.0 * nfcns, 0.5 * onGrid);
+    EXPECT_GE(dense.extrema, nfcns + 1);
+    // The rounding of the two sums of order + 1 cosines.
+    const double rounding = 4.0 * (order + 1) * epsilon;
+    // Where two neighbouring peaks are d apart, a point half a step h from the peak sees it as
+    // cos(pi h / (2 d)). The distance from a band's edge to its first peak is the smallest d, and an
+    // overestimate of how narrow that peak is.
+    const auto seen = [&](double step) {
+        return std::cos(std::acos(-1.0) * step / (2.0 * dense.narrowest));
+    };
+    // No peak is smaller than the grid's, but for the 1e-5 by which an end point has to be larger
+    // before the exchange takes it in, and for what the points of the dense row miss.
+    EXPECT_GE(dense.smallest, onGrid * (1.0 - 1e-5) * seen(1.0 / (160.0 * nfcns)) - rounding);
+    // Between the points of the grid the error is larger.
+    EXPECT_LE(dense.largest, onGrid / seen(1.0 / (16.0 * nfcns)) + rounding);
+}
+
+TEST(RemezExchange, LowPass_Alternates)
+{
+    for (const int order : {4, 7, 10, 20, 21, 33, 50, 64, 87})
+        ExpectAlternation(order, {{0.0, 0.4, 1.0, 1.0}, {0.5, 1.0, 0.0, 1.0}});
+}
+
+TEST(RemezExchange, WeightedLowPass_Alternates)
+{
+    for (const int order : {16, 31, 46})
+        ExpectAlternation(order, {{0.0, 0.3, 1.0, 1.0}, {0.4, 1.0, 0.0, 20.0}});
+}
+
+TEST(RemezExchange, HighPassAndBandPass_Alternate)
+{
+    for (const int order : {16, 30, 46}) {
+        ExpectAlternation(order, {{0.0, 0.55, 0.0, 1.0}, {0.65, 1.0, 1.0, 1.0}});
+        ExpectAlternation(order, {{0.0, 0.2, 0.0, 10.0}, {0.3, 0.6, 1.0, 1.0}, {0.7, 1.0, 0.0, 10.0}});
+        ExpectAlternation(order, {{0.0, 0.2, 1.0, 1.0}, {0.3, 0.6, 0.0, 5.0}, {0.7, 1.0, 1.0, 1.0}});
+    }
+}
+
+TEST(RemezExchange, OrderZero_IsTheMiddleOfTheAmplitudes)
+{
+    const Design design = DesignFor(0, {{0.0, 0.4, 1.0, 1.0}, {0.6, 1.0, 0.0, 1.0}});
+    ASSERT_EQ(design.taps.size(), 1U);
+    EXPECT_EQ(design.taps[0], 0.5);
+}
+
+TEST(RemezExchange, OrderTwo_IsTheLineThroughThreeEqualErrors)
+{
+    // a0 + a1 cos(pi f): +e at 0 and, by symmetry, -e at 0.4, +e at 0.6 and -e at 1, so a0 = 1/2 and
+    // a1 - 1/2 = 1/2 - a1 cos(0.4 pi).
+    const Design design = DesignFor(2, {{0.0, 0.4, 1.0, 1.0}, {0.6, 1.0, 0.0, 1.0}});
+    const double a1 = 1.0 / (1.0 + std::cos(0.4 * std::acos(-1.0)));
+    ASSERT_EQ(design.taps.size(), 3U);
+    EXPECT_NEAR(design.taps[0], a1 / 2.0, 8 * epsilon);
+    EXPECT_NEAR(design.taps[1], 0.5, 8 * epsilon);
+}
+
+TEST(RemezExchange, OrderOne_KeepsHalfTheGain)
+{
+    // 2 h cos(pi f / 2) has equal errors at the edges 0.4 and 0.6 for the h below; the tap is half
+    // of it.
+    const double pi = std::acos(-1.0);
+    const double h = 0.5 / (std::cos(0.2 * pi) + std::cos(0.3 * pi));
+    const Design design = DesignFor(1, {{0.0, 0.4, 1.0, 1.0}, {0.6, 1.0, 0.0, 1.0}});
+    ASSERT_EQ(design.result.halfResponse.size(), 1U);
+    EXPECT_NEAR(design.result.halfResponse[0], h / 2.0, 8 * epsilon);
+}
+
+TEST(RemezExchange, OneBandAndAPoint_IsAChebyshevPolynomial)
+{
+    // Value 1/2 wanted at f = 0, 0 from 0.3 to 1: the best is d T_n, stretched from [-1, cos(0.3 pi)]
+    // to [-1, 1], with 1/2 - d T_n(u) = d at cos = 1 (Dolph 1946).
+    for (const int n : {1, 2, 3, 5, 10, 15}) {
+        const std::vector<TestBand> stop = {{0.3, 1.0, 0.0, 1.0}};
+        const Design design = DesignFor(2 * n, {{0.0, 0.0, 1.0, 1.0}, {0.3, 1.0, 0.0, 1.0}});
+        const double edge = std::cos(0.3 * std::acos(-1.0));
+        const double u = (3.0 - edge) / (1.0 + edge);
+        const double best = 0.5 / (1.0 + std::cosh(n * std::acosh(u)));
+        // Best on the grid <= best on the band <= error of the grid's best on the band.
+        const double rounding = 4.0 * (2.0 * n + 1.0) * epsilon;
+        const double atZero = std::abs(0.5 - AmplitudeOf(design.taps, 0.0));
+        EXPECT_LE(atZero, best + rounding) << n;
+        EXPECT_GE(FindAlternation(design.taps, stop, 3200.0 * n, 0.0).largest,
+                  best * (1 - 1e-5) - rounding)
+            << n;
+        EXPECT_NEAR(atZero, best, 0.02 * best + rounding) << n;
+    }
+}
+
+TEST(RemezExchange, MoreThan250Sweeps_KeepsTheLastApproximation)
+{
+    // A ripple far below the rounding of the sums: the extrema are noise and never settle.
+    const Design design = DesignFor(500, {{0.0, 0.4, 1.0, 1.0}, {0.5, 1.0, 0.0, 1.0}});
+    EXPECT_FALSE(design.result.converged);
+    EXPECT_EQ(design.result.iterations, 250);
+    ASSERT_EQ(design.taps.size(), 501U);
+    for (const double tap : design.taps)
+        EXPECT_TRUE(std::isfinite(tap));
+}
+
+// ---- Hostile numbers ---------------------------------------------------------------------------
+
+TEST(RemezExchange, NumbersThatMakeNoSense_EndAllTheSame)
+{
+    const Row bad = {nan, infinity, -infinity, 0.0, -1.0, 1e308, -1e308, 5e-324};
+    for (const int tapCount : {1, 2, 3, 4, 9, 12, 40, 41}) {
+        const int nfcns = tapCount / 2 + tapCount % 2;
+        for (const int gridCount : {nfcns + 1, 2 * nfcns + 3, 16 * nfcns}) {
+            for (std::size_t kind = 0; kind < 3 * bad.size(); ++kind) {
+                for (const int every : {1, 2, 7}) {
+                    Row rows[3] = {Row(static_cast<std::size_t>(gridCount)),
+                                   Row(static_cast<std::size_t>(gridCount)),
+                                   Row(static_cast<std::size_t>(gridCount), 1.0)};
+                    for (int l = 0; l < gridCount; ++l) {
+                        rows[0].data()[l] = 0.5 * l / (gridCount - 1);
+                        rows[1].data()[l] = 2 * l < gridCount ? 1.0 : 0.0;
+                    }
+                    for (int l = 0; l < gridCount; l += every)
+                        rows[kind % 3].data()[l] = bad[kind / 3];
+                    const RemezResult result = RemezExchange(tapCount, rows[0].data(), rows[1].data(),
+                                                             rows[2].data(), gridCount);
+                    EXPECT_EQ(result.halfResponse.size(), static_cast<std::size_t>(nfcns));
+                    EXPECT_GE(result.iterations, 1);
+                    EXPECT_LE(result.iterations, 250);
+                }
+            }
+        }
+    }
+}
+
+TEST(RemezExchange, ProblemWithoutSolution_IsNotANumber)
+{
+    Row grid(33);
+    Row desired(33, 1.0);
+    Row weight(33, 0.0);
+    for (int l = 0; l < 33; ++l)
+        grid.data()[l] = l / 64.0;
+    const RemezResult result = RemezExchange(9, grid.data(), desired.data(), weight.data(), 33);
+    EXPECT_EQ(result.iterations, 1);
+    for (const double tap : result.halfResponse)
+        EXPECT_TRUE(std::isnan(tap));
+}
+
+} // namespace
+} // namespace trelvanix
