@@ -142,15 +142,19 @@ TRELVANIX_API double* IirFilterToSignal(const double* signal, const double* b, c
 /* ---- Polynomial roots ---------------------------------------------------------------------------- */
 
 /* Finds the n roots of c[0] z^n + c[1] z^(n-1) + ... + c[n-1] z + c[0]: the constant term is always
- * taken equal to the leading coefficient, as palindromic polynomials have it. Not in this version.
+ * taken equal to the leading coefficient, as palindromic polynomials have it. The roots of a polynomial
+ * with another constant term cannot be had from this function.
  *
- *   c   coefficients, highest power first; c[0] .. c[n-1] are read, c[0] must not be zero
+ *   c   coefficients, highest power first; c[0] .. c[n-1] are read (none for n = 1), c[0] must not be
+ *       zero
  *   n   number of roots; 0 gives an empty result array
  *
  * Returns a new complex array of n roots, in the order in which they are found; conjugate pairs are
- * neighbours, negative imaginary part first.
+ * neighbours, negative imaginary part first. n = 1 gives -1 for every c. A root that the iteration does
+ * not find, which no finite polynomial is known to have, is not-a-number in both parts.
  *
- * Errors: std::bad_array_new_length for n < 0 or n > 46340; std::bad_alloc. Numbers are not checked.
+ * Errors: std::bad_array_new_length for n < 0 or n > 46340; std::bad_alloc. Numbers are not checked;
+ * c[0] = 0 gives roots that are infinite or not-a-number.
  * Source: eigenvalues of the companion matrix, Francis 1961, Golub & Van Loan. */
 TRELVANIX_API double* Roots(const double* c, int n);
 
@@ -235,54 +239,85 @@ TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, 
 
 /* ---- IIR design ---------------------------------------------------------------------------------- */
 
-/* Designs a Butterworth filter. Not in this version.
+/* Designs a Butterworth filter: no ripple, half power (-3.01 dB) at the edges.
  *
  *   order       order n of the lowpass prototype, >= 1; the filter has N = n poles (lowpass, highpass)
- *               or N = 2n (band types)
- *   wn          lowpass, highpass: wn[0], the -3 dB edge; band types: wn[0] < wn[1], overwritten with
- *               the prepared centre frequency and 0.0. Fractions of the Nyquist frequency.
+ *               or N = 2n (band types); 0 gives a gain
+ *   wn          lowpass, highpass: wn[0], the edge; band types: wn[0] < wn[1], the two edges. Fractions
+ *               of the Nyquist frequency, in (0, 1). The band types overwrite wn with the prewarped
+ *               centre frequency and 0.0, so fill it anew before each call.
  *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value takes the lowpass
- *               transformation with wn[0] as it is
- *   analog      0 for a digital design; otherwise no prewarping and no bilinear transform, the lower
- *               edge counting as 0
- *   a           N + 1 doubles, written: denominator, a[0] = 1, descending powers; null is allowed
+ *               transformation with wn[0] as it is, not prewarped, and a numerator of zeros
+ *   analog      0 for a digital design. Otherwise prewarping and bilinear transform are left out, but
+ *               the lower edge counts as 0 and is never read, and b is still that of a digital filter:
+ *               lowpass and highpass then have all poles at 0, the band types (which take wn[1] as
+ *               their bandwidth) not-a-number coefficients. There is no useful analog design.
+ *   a           N + 1 doubles, written: denominator, a[0] = 1, descending powers of z; null is allowed
  *   b           N + 1 doubles, written: numerator; null is allowed
  *
- * Errors: std::bad_array_new_length for order < 0; std::bad_alloc. If the model of a bandpass cannot
+ * The gain is one at zero frequency (lowpass, bandstop), at Nyquist (highpass) or at the centre
+ * (bandpass). Coefficients of high orders lose their meaning in double precision, the sooner the
+ * narrower the band: up to order 12 for an edge at 0.05 and order 4 for a band from 0.02 to 0.03 the
+ * response is that of the exact filter within 0.01 dB, soon after it is useless.
+ *
+ * Errors: std::bad_array_new_length for an order below 0, above 46340 (lowpass, highpass) or above
+ * 23170 (band types), before anything is written; std::bad_alloc. If the model of a bandpass cannot
  * grow, "Memory allocation failed for 'a' or 'b' or 'c'." goes to standard error and the process ends
- * with status 1. Numbers are not checked.
+ * with status 1. Numbers are not checked; edges outside (0, 1) give filters without meaning or
+ * not-a-number coefficients.
  * Source: Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Butterworth(int order, double* wn, unsigned int filterType, int analog, double* a,
                                double* b);
 
-/* Designs a Chebyshev type I filter: equal ripple in the pass band. Not in this version.
+/* Designs a Chebyshev type I filter: equal ripple in the pass band, monotonic stop band.
  *
  *   rp   peak-to-peak ripple of the pass band in decibels, > 0
  *
- * The other parameters and the errors are those of Butterworth; wn holds the edge of the ripple band.
+ * The other parameters and the errors are those of Butterworth; wn holds the edge or edges of the pass
+ * band, where the response leaves the ripple, rp below its peak. The peak is one; for an even order the
+ * response at the reference frequency (see Butterworth) is at the bottom of the ripple. A filterType
+ * that is none of the four has a numerator whose only coefficient is the prototype's gain.
+ * rp = 0 gives not-a-number coefficients.
  * Source: Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Chebyshv1(int order, double rp, double* wn, unsigned int filterType, int analog,
                              double* a, double* b);
 
-/* Designs a Chebyshev type II filter: equal ripple in the stop band. Not in this version.
+/* Designs a Chebyshev type II filter: monotonic pass band, equal ripple in the stop band.
  *
  *   rs   attenuation of the stop band in decibels, > 0
  *
- * The other parameters and the errors are those of Butterworth; wn holds the edge of the stop band.
+ * The other parameters and the errors are those of Butterworth; wn holds the edge or edges of the stop
+ * band, where the response is rs below one for the first time.
+ *
+ * The numerator is read back from the model, and comes out right when the filter
+ *   - has an even order, if it is a highpass or a bandpass (of an odd order they have zeros at z = 1,
+ *     which the read-back cannot find: b is not the filter's), and
+ *   - has a leading numerator coefficient above 0.0001 (a smaller one is taken for zero and b is scaled
+ *     by the first coefficient that is larger). Up to order 12 that is so for attenuations up to 80 dB
+ *     with edges from 0.3 and up to 70 dB with edges from 0.05 on.
+ * The denominator is right in any case. rs = 0 gives not-a-number coefficients.
  * Source: Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Chebyshv2(int order, double rs, double* wn, unsigned int filterType, int analog,
                              double* a, double* b);
 
-/* Designs an analog Bessel filter: maximally flat group delay. Not in this version.
+/* Designs an analog Bessel filter: maximally flat group delay.
  *
- *   order       order n of the lowpass prototype, 1 .. 25; N = n poles, or 2n for the band types
- *   wn          edge or edges in rad/s, never prewarped; band types: overwritten with the centre
- *               frequency and 0.0
+ *   order       order n of the lowpass prototype, 1 .. 25; N = n poles, or 2n for the band types. Other
+ *               orders have all prototype poles at 0.
+ *   wn          edge or edges in rad/s, never prewarped: where the prototype's unit frequency goes, the
+ *               product of its pole moduli being one. The band types overwrite wn with the centre
+ *               frequency and 0.0.
  *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
  *   a           N + 1 doubles, written: denominator in descending powers of s, a[0] = 1; null is
  *               allowed
- *   b           N + 1 doubles, written: all zero but the last, the gain, for every type; null is
- *               allowed
+ *   b           N + 1 doubles, written: all zero but the last, for every type; null is allowed
+ *
+ * Only a lowpass has a numerator of this form; of the other types use a and supply the zeros: s^N for
+ * a highpass, Bw^n s^n for a bandpass, (s^2 + Wo^2)^n for a bandstop. b[N] is read back from the model
+ * and is rounding noise for a lowpass above order 3 with an edge of 600 rad/s, or above order 9 with
+ * one of 6; it should equal a[N], so take that, or design for an edge of 1 rad/s and scale.
+ * Orders 4 and 17 do not hold a Bessel filter: of order 4 two poles are not a pair, and order 17 has
+ * its real pole at 0; their coefficients are kept for hosts that rely on them.
  *
  * Errors: as for Butterworth.
  * Source: Thomson 1949; Parks & Burrus, Digital Filter Design, 1987. */

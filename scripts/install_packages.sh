@@ -10,7 +10,7 @@ test_packages=(
   libgtest-dev                                     # unit tests
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
   libbenchmark-dev                                 # benchmarks
-  clang clang-format clang-tidy                    # second compiler, style
+  clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
   g++-mingw-w64-x86-64-posix                       # Windows cross build
 )
 

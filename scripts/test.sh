@@ -45,6 +45,10 @@ step "Thread sanitizer"
 build tsan
 run_tests tsan
 
+step "Memory sanitizer: every result was computed"
+build msan
+build/msan/tests/abi/trelvanix_memory_host
+
 step "Windows DLL: cross build"
 build mingw
 

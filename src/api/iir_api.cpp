@@ -1,28 +1,31 @@
 #include "trelvanix.h"
 
 #include "api/not_in_this_version.h"
+#include "iir/bessel.h"
+#include "iir/butterworth.h"
+#include "iir/chebyshev1.h"
+#include "iir/chebyshev2.h"
 
-void Butterworth(int /*order*/, double* /*wn*/, unsigned int /*filterType*/, int /*analog*/,
-                 double* /*a*/, double* /*b*/)
+void Butterworth(int order, double* wn, unsigned int filterType, int analog, double* a, double* b)
 {
-    trelvanix::ThrowNotInThisVersion("Butterworth");
+    trelvanix::Butterworth(order, wn, filterType, analog, a, b);
 }
 
-void Chebyshv1(int /*order*/, double /*rp*/, double* /*wn*/, unsigned int /*filterType*/,
-               int /*analog*/, double* /*a*/, double* /*b*/)
+void Chebyshv1(int order, double rp, double* wn, unsigned int filterType, int analog, double* a,
+               double* b)
 {
-    trelvanix::ThrowNotInThisVersion("Chebyshv1");
+    trelvanix::Chebyshv1(order, rp, wn, filterType, analog, a, b);
 }
 
-void Chebyshv2(int /*order*/, double /*rs*/, double* /*wn*/, unsigned int /*filterType*/,
-               int /*analog*/, double* /*a*/, double* /*b*/)
+void Chebyshv2(int order, double rs, double* wn, unsigned int filterType, int analog, double* a,
+               double* b)
 {
-    trelvanix::ThrowNotInThisVersion("Chebyshv2");
+    trelvanix::Chebyshv2(order, rs, wn, filterType, analog, a, b);
 }
 
-void Bessel(int /*order*/, double* /*wn*/, int /*filterType*/, double* /*a*/, double* /*b*/)
+void Bessel(int order, double* wn, int filterType, double* a, double* b)
 {
-    trelvanix::ThrowNotInThisVersion("Bessel");
+    trelvanix::Bessel(order, wn, filterType, a, b);
 }
 
 void Elliptic(int /*order*/, double /*Rp*/, double /*Rs*/, double* /*wn*/, unsigned int /*filterType*/,

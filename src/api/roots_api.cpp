@@ -1,8 +1,8 @@
 #include "trelvanix.h"
 
-#include "api/not_in_this_version.h"
+#include "linalg/polynomial_roots.h"
 
-double* Roots(const double* /*c*/, int /*n*/)
+double* Roots(const double* c, int n)
 {
-    trelvanix::ThrowNotInThisVersion("Roots");
+    return trelvanix::Roots(c, n).release();
 }

@@ -17,6 +17,20 @@ inline Complex Multiply(Complex x, Complex y)
     return {x.real() * y.real() - x.imag() * y.imag(), x.real() * y.imag() + x.imag() * y.real()};
 }
 
+// x / y, scaled by the larger component of y, so that nothing between overflows while the quotient is
+// in range. A divisor of zero gives not-a-number. Source: Smith 1962.
+inline Complex Divide(Complex x, Complex y)
+{
+    if (std::fabs(y.real()) >= std::fabs(y.imag())) {
+        const double ratio = y.imag() / y.real();
+        const double divisor = y.real() + y.imag() * ratio;
+        return {(x.real() + x.imag() * ratio) / divisor, (x.imag() - x.real() * ratio) / divisor};
+    }
+    const double ratio = y.real() / y.imag();
+    const double divisor = y.real() * ratio + y.imag();
+    return {(x.real() * ratio + x.imag()) / divisor, (x.imag() * ratio - x.real()) / divisor};
+}
+
 // e^(j angle).
 inline Complex UnitPhasor(double angle)
 {

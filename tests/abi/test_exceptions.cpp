@@ -28,6 +28,14 @@ std::string MessageOf(const std::function<void()>& call)
     return "no exception";
 }
 
+// An equiripple design whose transition starts at 0.4 and ends at f2.
+void DesignByDeviations(int filterType, double f2, int ndev)
+{
+    double dev[] = {0.01, 0.01, 0.01};
+    int order = 0;
+    ReleaseDoubleArray(CreateFirByRemezord(filterType, 0.4, f2, 0.6, 0.7, dev, ndev, &order));
+}
+
 TEST(Exceptions, OfArgumentChecksReachTheHostWithTheirMessage)
 {
     using Error = std::invalid_argument;
@@ -41,6 +49,22 @@ TEST(Exceptions, OfArgumentChecksReachTheHostWithTheirMessage)
     EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 0, 0, 1.0, 0.5); }), "wc1 should be '(0,1)'");
     EXPECT_EQ(MessageOf<Error>([] { CreateFirByWindow(10, 0, 0, 0.5, 1.0); }),
               "wc2 should be  '(0,1)'");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByFS(0, 0, 15, 0.2, 0.3); }), "Order should be '>=1'");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByFS(10, 0, 0, 0.2, 0.0); }),
+              "wc2 should not be '0' when wc1 is not '0'");
+    EXPECT_EQ(MessageOf<Error>([] { CreateFirByRemez(10, 0, 0.2, 0.0); }),
+              "wc2 should not be '0' when wc1 is not '0'");
+    EXPECT_EQ(MessageOf<Error>([] { DesignByDeviations(4, 0.5, 2); }), "Undefined filter types");
+    EXPECT_EQ(
+        MessageOf<Error>([] { DesignByDeviations(0, 0.5, 3); }),
+        "Remezord Parameter Error: LowPass or  HighPass maximum allowable deviation length 'ndev' "
+        "should be 2 ");
+    EXPECT_EQ(
+        MessageOf<Error>([] { DesignByDeviations(2, 0.5, 2); }),
+        "Remezord Parameter Error: BandPass or BandStop maximum allowable deviation length 'ndev' "
+        "should be 3 ");
+    EXPECT_EQ(MessageOf<Error>([] { DesignByDeviations(0, 0.4, 2); }),
+              "Remezord Parameter Error: the transition edges and deviations give no finite order ");
 }
 
 TEST(Exceptions, OfNegativeCountsReachTheHost)
@@ -55,6 +79,13 @@ TEST(Exceptions, OfNegativeCountsReachTheHost)
     EXPECT_THROW(Filter(one, one, one, -1, 1), std::bad_array_new_length);
     EXPECT_THROW(FirFilterToSignal(one, one, 1, -1), std::bad_array_new_length);
     EXPECT_THROW(IirFilterToSignal(one, one, one, 1, -1), std::bad_array_new_length);
+    EXPECT_THROW(Roots(one, -1), std::bad_array_new_length);
+    EXPECT_THROW(CreateFirByRemez(-2, 0, 0.2, 0.3), std::bad_array_new_length);
+    double edges[] = {0.2, 0.4};
+    EXPECT_THROW(Butterworth(-1, edges, 0, 0, out, out), std::bad_array_new_length);
+    EXPECT_THROW(Chebyshv1(-1, 1.0, edges, 0, 0, out, out), std::bad_array_new_length);
+    EXPECT_THROW(Chebyshv2(-1, 40.0, edges, 0, 0, out, out), std::bad_array_new_length);
+    EXPECT_THROW(Bessel(-1, edges, 0, out, out), std::bad_array_new_length);
 }
 
 // The sanitizers reserve terabytes of addresses, which leaves no room for a limit.
@@ -77,28 +108,22 @@ TEST(ExceptionsDeathTest, OfExhaustedMemoryReachTheHost)
 }
 #endif
 
+TEST(Exceptions, OfAGridTooLargeReachTheHost)
+{
+    EXPECT_EQ(MessageOf<std::length_error>([] { CreateFirByRemez(10, 2, -1e9, 1e9); }),
+              "vector too long");
+}
+
 TEST(Exceptions, NameTheFunctionsThatAreNotInThisVersion)
 {
     using Error = std::logic_error;
     const auto expected = [](const std::string& function) {
         return function + " is not in this version of Trelvanix";
     };
-    double c[] = {1.0, 2.0};
     double wn[] = {0.25, 0.5};
-    double dev[] = {0.01, 0.01};
     double a[] = {7.0};
     double b[] = {8.0};
     int order = 9;
-    EXPECT_EQ(MessageOf<Error>([&] { Roots(c, 1); }), expected("Roots"));
-    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByFS(10, 0, 0, 0.2, 0.3); }), expected("CreateFirByFS"));
-    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByRemez(10, 0, 0.2, 0.3); }),
-              expected("CreateFirByRemez"));
-    EXPECT_EQ(MessageOf<Error>([&] { CreateFirByRemezord(0, 0.2, 0.3, 0.0, 0.0, dev, 2, &order); }),
-              expected("CreateFirByRemezord"));
-    EXPECT_EQ(MessageOf<Error>([&] { Butterworth(1, wn, 0, 0, a, b); }), expected("Butterworth"));
-    EXPECT_EQ(MessageOf<Error>([&] { Chebyshv1(1, 1.0, wn, 0, 0, a, b); }), expected("Chebyshv1"));
-    EXPECT_EQ(MessageOf<Error>([&] { Chebyshv2(1, 40.0, wn, 0, 0, a, b); }), expected("Chebyshv2"));
-    EXPECT_EQ(MessageOf<Error>([&] { Bessel(1, wn, 0, a, b); }), expected("Bessel"));
     EXPECT_EQ(MessageOf<Error>([&] { Elliptic(1, 1.0, 40.0, wn, 0, 0, a, b); }), expected("Elliptic"));
     EXPECT_EQ(MessageOf<Error>([&] { FilterMinimumOrder(0, wn, 2, 1.0, 40.0, &order, a); }),
               expected("FilterMinimumOrder"));

@@ -23,8 +23,16 @@ TEST(Release, AnswersOneForEveryKindOfResult)
     EXPECT_EQ(ReleaseDoubleArray(Filter(x, x, x, 4, 2)), 1);
     EXPECT_EQ(ReleaseDoubleArray(FirFilterToSignal(x, x, 4, 2)), 1);
     EXPECT_EQ(ReleaseDoubleArray(IirFilterToSignal(x, x, x, 4, 2)), 1);
+    EXPECT_EQ(ReleaseComplexDoubleArray(Roots(x, 3)), 1);
     EXPECT_EQ(ReleaseDoubleArray(CreateFirByWindow(4, 0, 0, 0.5, 0.5)), 1);
+    EXPECT_EQ(ReleaseDoubleArray(CreateFirByFS(4, 0, 0, 0.3, 0.5)), 1);
+    EXPECT_EQ(ReleaseDoubleArray(CreateFirByRemez(4, 0, 0.3, 0.5)), 1);
+    double dev[] = {0.1, 0.1};
+    int order = 0;
+    EXPECT_EQ(ReleaseDoubleArray(CreateFirByRemezord(0, 0.3, 0.5, 0, 0, dev, 2, &order)), 1);
     EXPECT_EQ(ReleaseDoubleArray(FirFilterToSignal(x, x, 0, 2)), 1);
+    EXPECT_EQ(ReleaseDoubleArray(CreateFirByRemez(-1, 0, 0.3, 0.5)), 1);
+    EXPECT_EQ(ReleaseComplexDoubleArray(Roots(x, 0)), 1);
     EXPECT_EQ(ReleaseComplexDoubleArray(FFT(x, 0, 0)), 1);
 }
 

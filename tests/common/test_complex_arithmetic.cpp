@@ -27,6 +27,28 @@ TEST(Multiply, KeepsNotANumberOfAnInfiniteFactor)
     EXPECT_TRUE(std::isnan(product.imag()));
 }
 
+TEST(Divide, GivesExactQuotientsWhereTheyAreRepresentable)
+{
+    EXPECT_EQ(Divide({-5.0, 10.0}, {3.0, 4.0}), Complex(1.0, 2.0));
+    EXPECT_EQ(Divide({-5.0, 10.0}, {1.0, 2.0}), Complex(3.0, 4.0));
+    EXPECT_EQ(Divide({1.0, 0.0}, {0.0, 2.0}), Complex(0.0, -0.5));
+    EXPECT_EQ(Divide({0.0, 1.0}, {-0.5, 0.0}), Complex(0.0, -2.0));
+}
+
+TEST(Divide, DoesNotOverflowBetween)
+{
+    // |y|^2 is far beyond the largest double.
+    EXPECT_EQ(Divide({1e300, 1e300}, {1e300, 1e300}), Complex(1.0, 0.0));
+    EXPECT_EQ(Divide({1e-300, 0.0}, {0.0, 1e-300}), Complex(0.0, -1.0));
+}
+
+TEST(Divide, GivesNotANumberForAZeroDivisor)
+{
+    const Complex quotient = Divide({1.0, 1.0}, {0.0, 0.0});
+    EXPECT_TRUE(std::isnan(quotient.real()));
+    EXPECT_TRUE(std::isnan(quotient.imag()));
+}
+
 TEST(UnitPhasor, LiesOnTheUnitCircle)
 {
     EXPECT_EQ(UnitPhasor(0.0), Complex(1.0, 0.0));

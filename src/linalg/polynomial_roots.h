@@ -1,0 +1,25 @@
+#ifndef TRELVANIX_LINALG_POLYNOMIAL_ROOTS_H
+#define TRELVANIX_LINALG_POLYNOMIAL_ROOTS_H
+
+#include <vector>
+
+#include "common/complex_arithmetic.h"
+#include "common/result_array.h"
+
+namespace trelvanix
+{
+
+// The n roots of c[0] z^n + ... + c[n-1] z + c[0]; contract at Roots in trelvanix.h.
+ResultArray Roots(const double* c, int n);
+
+// The n roots of c[0] z^n + ... + c[n], all n + 1 coefficients used, as eigenvalues of the companion
+// matrix. The iteration deflates at 1e-12 and is held to ten sweeps an eigenvalue before it goes on as
+// AllHessenbergEigenvalues tells. In the order in which they are found; conjugate pairs are neighbours,
+// negative imaginary part first.
+// Errors: std::bad_alloc. Numbers are not checked, c[0] = 0 gives non-finite roots.
+// Source: Golub & Van Loan, Matrix Computations (companion matrix); Francis 1961.
+std::vector<Complex> CompanionRoots(const double* c, int n);
+
+} // namespace trelvanix
+
+#endif
