@@ -7,6 +7,7 @@ set -euo pipefail
 demo_packages=(cmake make g++ gnuplot-nox libcli11-dev)
 test_packages=(
   "${demo_packages[@]}"
+  git                                              # the list of source files
   libgtest-dev                                     # unit tests
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
   libbenchmark-dev                                 # benchmarks
