@@ -183,56 +183,69 @@ TRELVANIX_API double* CreateFirByWindow(int order, int filterType, int windowTyp
                                         double wc2);
 
 /* Designs a linear-phase FIR filter by frequency sampling: a piecewise linear amplitude on a dense
- * grid, inverse transform, window. The gain is not normalised. Not in this version.
+ * grid, inverse transform, window. The gain is not normalised.
  *
- *   order       filter order, >= 1; the filter has order + 1 taps
+ *   order       filter order, >= 1; the filter has order + 1 taps. Choose an even order for highpass
+ *               and bandstop: an odd one cannot pass the Nyquist frequency.
  *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
  *   windowType  0 .. 14, see "Windows" above
  *   wc1, wc2    fractions of the Nyquist frequency. Lowpass and highpass: end of the first band and
  *               start of the second, linear in between; wc1 = 0 makes a jump at wc2. Band types:
- *               the two edges, each a jump.
+ *               the two edges, each a jump. A jump becomes a ramp of 0.04 around it. What lies
+ *               outside [0, 1] is cut off; the order of the edges is not checked.
  *
- * Returns a new array of order + 1 taps.
+ * Returns a new array of order + 1 taps, symmetric to rounding.
  *
  * Errors, first failure wins: std::invalid_argument for order below 1, for windowType outside 0 .. 14,
  * for a lowpass or highpass with wc2 = 0 and wc1 not 0; std::bad_array_new_length for an order whose
- * tap count does not fit an int; std::bad_alloc.
+ * taps, or the two to four times as many grid points, do not fit an int; std::bad_alloc. An edge that
+ * is infinite or not a number makes every tap not-a-number.
  * Source: frequency sampling, Oppenheim & Schafer, Discrete-Time Signal Processing. */
 TRELVANIX_API double* CreateFirByFS(int order, int filterType, int windowType, double wc1, double wc2);
 
-/* Designs an equiripple linear-phase FIR filter with equal weights in all bands. Not in this version.
+/* Designs an equiripple linear-phase FIR filter with equal weights in all bands.
  *
- *   order       filter order; the filter has order + 1 taps
+ *   order       filter order; the filter has order + 1 taps. Choose an even order for highpass and
+ *               bandstop: an odd one cannot pass the Nyquist frequency. Order 1 gives taps of half the
+ *               size that they should have; order -1 gives an empty array.
  *   filterType  0 lowpass, 1 highpass, 2 bandpass, 3 bandstop; any other value acts as lowpass
  *   wc1, wc2    fractions of the Nyquist frequency, as for CreateFirByFS: lowpass and highpass have
  *               their transition between wc1 and wc2, or bands that touch at wc2 when wc1 = 0; band
- *               types have bands that touch at wc1 and at wc2
+ *               types have bands that touch at wc1 and at wc2. Where bands touch, the ripple is about
+ *               a half whatever the order. Edges outside [0, 1] or out of order are taken as they are.
  *
- * Returns a new array of order + 1 symmetric taps.
+ * Returns a new array of order + 1 symmetric taps. The exchange ends when it has found the best
+ * filter or after 250 sweeps, and does not tell which. It finds the best one down to ripples of about
+ * 1e-9; an order too high for its transition, with a ripple below that, gives a worse filter than a
+ * lower order does, so check the response. The time grows with the square of the order.
  *
- * Errors: std::invalid_argument for a lowpass or highpass with wc2 = 0 and wc1 not 0;
- * std::bad_array_new_length for order below -1; std::length_error for a frequency grid too large;
- * std::bad_alloc.
+ * Errors, first failure wins: std::invalid_argument for a lowpass or highpass with wc2 = 0 and wc1
+ * not 0; std::bad_array_new_length for order below -1 or one whose tap count does not fit an int;
+ * std::length_error for a frequency grid of more than 2^27 points (about 8 per tap and unit of band
+ * width); std::bad_alloc. An edge that is infinite or not a number makes every tap not-a-number.
  * Source: Parks & McClellan 1972; McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, double wc2);
 
 /* Estimates the order of an equiripple FIR filter from its edges and deviations, and designs it.
- * Not in this version.
  *
  *   filterType   0 lowpass, 1 highpass, 2 bandpass, 3 bandstop (designed as bandpass)
  *   f1, f2       lowpass, highpass: the transition band; band types: the first transition band;
  *                fractions of the Nyquist frequency
- *   f3, f4       band types: the second transition band; not used for lowpass and highpass
- *   dev          ndev largest deviations, linear, in band order; normalised in place
+ *   f3, f4       band types: the second transition band; not used for lowpass and highpass. Make the
+ *                two equally wide: in a much wider one the gain can rise far above 1.
+ *   dev          ndev largest deviations, linear, > 0, in band order; normalised in place
  *   ndev         2 for lowpass and highpass, 3 for the band types
  *   order        written: the order estimated, before the design runs
  *
- * Returns a new array of *order + 1 symmetric taps.
+ * Returns a new array of *order + 1 symmetric taps. The estimate is good to one or two taps, so the
+ * deviations may be missed by some percent. It is made even for a highpass. Bands are weighted by the
+ * reciprocals of their deviations; what is said of the exchange at CreateFirByRemez holds here too.
  *
  * Errors, first failure wins: std::invalid_argument for filterType outside 0 .. 3, for an ndev that
  * does not suit it (dev and *order are then untouched), for an estimate that is not finite or does not
- * fit an int (*order is then untouched); std::bad_array_new_length for an estimate below -1;
- * std::length_error for a frequency grid too large; std::bad_alloc.
+ * fit an int (*order is then untouched); std::bad_array_new_length for an order below -1 or one whose
+ * tap count does not fit an int; std::length_error for a frequency grid of more than 2^27 points;
+ * std::bad_alloc. A deviation of zero or below has no finite estimate.
  * Source: order, Herrmann, Rabiner & Chan 1973; design, McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, double f3, double f4,
                                           double* dev, int ndev, int* order);

@@ -47,10 +47,10 @@ ResultArray DesignEquiripple(int order, double* edges, const double* amplitudes,
 
     // The second half mirrors the first; an odd number of taps has its middle one in both.
     const int halfCount = static_cast<int>(half.halfResponse.size());
+    const double* h = half.halfResponse.data();
     for (int i = 0; i < halfCount; ++i) {
-        const double tap = half.halfResponse.data()[i];
-        taps.get()[i] = tap;
-        taps.get()[order - i] = tap;
+        taps.get()[i] = h[i];
+        taps.get()[order - i] = h[i];
     }
     return taps;
 }

@@ -39,7 +39,7 @@ void FillSection(const Section& s, int P, double* amplitude)
 
 // The spectrum of 2 * npt points: the amplitude with the phase of a delay of order / 2 samples on the
 // upper half of the unit circle, its conjugate mirrored on the lower half.
-ResultArray LinearPhaseSpectrum(const std::vector<double>& amplitude, int npt, int order)
+ResultArray LinearPhaseSpectrum(const double* amplitude, int npt, int order)
 {
     const int L = 2 * npt;
     ResultArray spectrum = NewComplexResultArray(L);
@@ -47,7 +47,7 @@ ResultArray LinearPhaseSpectrum(const std::vector<double>& amplitude, int npt, i
     const double dt = order * 0.5;
     for (int i = 0; i <= npt; ++i) {
         const double theta = i * (-dt * pi) / npt;
-        StoreComplex(H, i, Multiply(amplitude.data()[i], UnitPhasor(theta)));
+        StoreComplex(H, i, Multiply(amplitude[i], UnitPhasor(theta)));
     }
     for (int i = npt + 1; i < L; ++i)
         StoreComplex(H, i, std::conj(LoadComplex(H, L - i)));
@@ -58,9 +58,10 @@ ResultArray LinearPhaseSpectrum(const std::vector<double>& amplitude, int npt, i
 ResultArray WindowOf(WindowType windowType, int order, int tapCount)
 {
     auto angles = NewGrowableArray<double>(tapCount);
+    double* x = angles.data();
     for (int n = 0; n < tapCount; ++n)
-        angles.data()[n] = n * twoPi / order;
-    return GenerateWindow(windowType, angles.data(), tapCount);
+        x[n] = n * twoPi / order;
+    return GenerateWindow(windowType, x, tapCount);
 }
 
 } // namespace
@@ -124,7 +125,8 @@ ResultArray CreateFirByFS(int order, int filterType, int windowType, double wc1,
         return taps;
     }
 
-    const ResultArray spectrum = LinearPhaseSpectrum(SampleBreakpoints(breakpoints, npt), npt, order);
+    const ResultArray spectrum =
+        LinearPhaseSpectrum(SampleBreakpoints(breakpoints, npt).data(), npt, order);
     const ResultArray samples = IFFT(spectrum.get(), 2 * npt);
     const ResultArray window = WindowOf(static_cast<WindowType>(windowType), order, tapCount);
     for (int i = 0; i < tapCount; ++i)

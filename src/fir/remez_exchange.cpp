@@ -181,6 +181,7 @@ bool ExchangeExtrema(const Grid& grid, const Interpolant& p, std::vector<int>& i
 {
     constexpr double clearly = 1.00001;
     const int last = static_cast<int>(iext.size()) - 1;
+    int* extremum = iext.data();
     const int lowestBefore = iext.front();
     const int highestBefore = iext.back();
 
@@ -189,8 +190,8 @@ bool ExchangeExtrema(const Grid& grid, const Interpolant& p, std::vector<int>& i
     for (int j = 0; j <= last; ++j) {
         sweep.search.nut = p.nu * SignOf(j);
         sweep.search.comp = p.deviation;
-        const int kup = j < last ? iext.data()[j + 1] : grid.count;
-        MoveExtremum(sweep, iext.data()[j], kup);
+        const int kup = j < last ? extremum[j + 1] : grid.count;
+        MoveExtremum(sweep, extremum[j], kup);
         if (j == 0)
             y1 = sweep.search.comp;
     }
@@ -223,10 +224,12 @@ std::vector<double> SampleApproximation(const Interpolant& p)
 {
     constexpr double fsh = 1e-6; // closer to a node than this its value is taken
     const double* x = p.x.data();
+    const double* y = p.y.data();
     const int nz = static_cast<int>(p.x.size());
     const int nfcns = nz - 1;
     const double delf = 1.0 / (2.0 * nfcns - 1.0);
-    auto a = NewGrowableArray<double>(nfcns);
+    auto samples = NewGrowableArray<double>(nfcns);
+    double* a = samples.data();
     int l = 0;
     for (int j = 0; j < nfcns; ++j) {
         const double xt = std::cos(twoPi * (j * delf));
@@ -234,10 +237,10 @@ std::vector<double> SampleApproximation(const Interpolant& p)
         while (l < nz && xt <= x[l] && x[l] - xt >= fsh)
             ++l;
         const bool atNode = l < nz && std::abs(xt - x[l]) < fsh;
-        a.data()[j] = atNode ? p.y.data()[l] : Evaluate(p, xt);
+        a[j] = atNode ? y[l] : Evaluate(p, xt);
         l = std::max(0, l - 1);
     }
-    return a;
+    return samples;
 }
 
 // The coefficients alpha[k] of cos(2 pi f k) from those samples: an inverse Fourier transform.
@@ -246,14 +249,15 @@ std::vector<double> CosineCoefficients(const std::vector<double>& samples)
     const double* a = samples.data();
     const int nfcns = static_cast<int>(samples.size());
     const double cn = 2.0 * nfcns - 1.0;
-    auto alpha = NewGrowableArray<double>(nfcns);
+    auto coefficients = NewGrowableArray<double>(nfcns);
+    double* alpha = coefficients.data();
     for (int j = 0; j < nfcns; ++j) {
         double sum = a[0];
         for (int k = 1; k < nfcns; ++k)
             sum += 2.0 * std::cos(static_cast<double>(k) * j * twoPi / cn) * a[k];
-        alpha.data()[j] = (j == 0 ? sum : 2.0 * sum) / cn;
+        alpha[j] = (j == 0 ? sum : 2.0 * sum) / cn;
     }
-    return alpha;
+    return coefficients;
 }
 
 // The taps up to the middle. An even number of taps has the response cos(pi f) times the cosine sum.
@@ -302,10 +306,11 @@ void DivideByHalfAngleCosine(const double* grid, double* desired, double* weight
 std::vector<int> InitialExtrema(int nfcns, int gridCount)
 {
     auto iext = NewGrowableArray<int>(std::int64_t{nfcns} + 1);
+    int* extremum = iext.data();
     const double step = static_cast<double>(gridCount - 1) / nfcns;
     // Rounded as positions that count from 1, then brought to indices.
     for (int j = 0; j < nfcns; ++j)
-        iext.data()[j] = ToInt(std::floor(j * step + 1.0)) - 1;
+        extremum[j] = ToInt(std::floor(j * step + 1.0)) - 1;
     iext.back() = gridCount - 1;
     return iext;
 }

@@ -33,10 +33,13 @@ void AppendBand(std::vector<double>& grid, double fup, double delf)
     // to lead anywhere: one point then.
     const double d = ((fup + delf) - (g0 + delf)) / 10.0;
     const double end = fup + d;
-    for (double point = g0 + d; point <= end; point += d) {
+    double point = g0 + d;
+    while (point <= end) {
         grid.push_back(point);
-        if (!(point + d > point))
+        const double next = point + d;
+        if (!(next > point))
             return;
+        point = next;
     }
 }
 

@@ -50,6 +50,12 @@ std::vector<double> Amplitude(int filterType, double wc1, double wc2, int npt = 
                              npt);
 }
 
+// Grid positions count from 1.
+double AtPosition(const std::vector<double>& amplitude, int position)
+{
+    return amplitude[static_cast<std::size_t>(position) - 1];
+}
+
 bool AllNotANumber(const std::vector<double>& values)
 {
     for (const double value : values) {
@@ -148,7 +154,7 @@ TEST(SampleBreakpoints, Jump_IsARampOf21Points)
         const double inc = (position - 247) / 20.0;
         const double expected =
             position < 247 ? 1.0 : (position > 267 ? 0.0 : inc * 0.0 + (1.0 - inc) * 1.0);
-        EXPECT_EQ(amplitude.data()[position - 1], expected) << "position " << position;
+        EXPECT_EQ(AtPosition(amplitude, position), expected) << "position " << position;
     }
 }
 
@@ -159,7 +165,7 @@ TEST(SampleBreakpoints, Transition_IsLinear)
     for (int position = 1; position <= 513; ++position) {
         const double expected =
             position <= 102 ? 1.0 : (position > 153 ? 0.0 : 1.0 - (position - 103) / 50.0);
-        EXPECT_EQ(amplitude.data()[position - 1], expected) << "position " << position;
+        EXPECT_EQ(AtPosition(amplitude, position), expected) << "position " << position;
     }
 }
 
@@ -199,7 +205,7 @@ TEST(SampleBreakpoints, JumpNearZero_LosesThePositionsBelowOne)
     // floor(513 * 0.01) = 5: the ramp covers -4 .. 16, of which 1 .. 16 exist.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.01);
     for (int position = 1; position <= 16; ++position)
-        EXPECT_EQ(amplitude.data()[position - 1], 1.0 - (position + 4) / 20.0) << position;
+        EXPECT_EQ(AtPosition(amplitude, position), 1.0 - (position + 4) / 20.0) << position;
     EXPECT_EQ(amplitude[16], 0.0);
 }
 
@@ -209,7 +215,7 @@ TEST(SampleBreakpoints, JumpNearNyquist_LosesThePositionsBeyondTheGrid)
     // from 522 to 513, covers nothing.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.995);
     for (int position = 501; position <= 513; ++position)
-        EXPECT_EQ(amplitude.data()[position - 1], 1.0 - (position - 501) / 20.0) << position;
+        EXPECT_EQ(AtPosition(amplitude, position), 1.0 - (position - 501) / 20.0) << position;
 }
 
 TEST(SampleBreakpoints, TwoJumpsAtZero_OverlapAndEnd)
@@ -218,7 +224,7 @@ TEST(SampleBreakpoints, TwoJumpsAtZero_OverlapAndEnd)
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.0);
     EXPECT_EQ(amplitude[0], 1.0);
     for (int position = 2; position <= 22; ++position)
-        EXPECT_EQ(amplitude.data()[position - 1], 1.0 - (position - 2) / 20.0) << position;
+        EXPECT_EQ(AtPosition(amplitude, position), 1.0 - (position - 2) / 20.0) << position;
     EXPECT_EQ(amplitude[22], 0.0);
     EXPECT_EQ(amplitude[512], 0.0);
 }
@@ -261,7 +267,7 @@ std::vector<double> TapsByDirectSum(int order, int filterType, double wc1, doubl
         const double t = n - order * 0.5;
         double sum = amplitude.front() + amplitude.back() * std::cos(pi * t);
         for (int i = 1; i < npt; ++i)
-            sum += 2.0 * amplitude.data()[i] * std::cos(pi * t * i / npt);
+            sum += 2.0 * AtPosition(amplitude, i + 1) * std::cos(pi * t * i / npt);
         taps.push_back(sum / (2.0 * npt));
     }
     return taps;

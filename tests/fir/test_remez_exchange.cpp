@@ -60,8 +60,8 @@ TEST(LagrangeWeight, Groups_AreMultipliedOneAfterAnother)
 
 TEST(LagrangeWeight, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
 {
-    // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Two groups of
-    // alternate nodes cannot help here, but a group for every factor pair does.
+    // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Ten groups bring one
+    // of each together.
     Row x = {0.0};
     for (int j = 0; j < 10; ++j)
         x.push_back(-5e39);
@@ -98,8 +98,9 @@ Design DesignFor(int order, const std::vector<TestBand>& bands)
     design.result = RemezExchange(order + 1, work.grid.data(), work.desired.data(), work.weight.data(),
                                   static_cast<int>(work.grid.size()));
     design.taps = design.result.halfResponse;
-    for (int i = (order + 1) / 2 - 1; i >= 0; --i)
-        design.taps.push_back(design.taps.data()[i]);
+    const auto mirrored = static_cast<std::size_t>((order + 1) / 2);
+    for (std::size_t i = mirrored; i > 0; --i)
+        design.taps.push_back(design.taps[i - 1]);
     return design;
 }
 
@@ -228,28 +229,37 @@ TEST(RemezExchange, MoreThan250Sweeps_KeepsTheLastApproximation)
 
 // ---- Hostile numbers ---------------------------------------------------------------------------
 
+// An ordinary lowpass problem, one of whose rows (grid, desired, weight) holds a bad number at every
+// so manieth point.
+RemezProblem SpoiltProblem(int gridCount, std::size_t row, double bad, std::size_t every)
+{
+    const auto count = static_cast<std::size_t>(gridCount);
+    RemezProblem problem = {Row(count), Row(count), Row(count, 1.0)};
+    for (std::size_t l = 0; l < count; ++l) {
+        problem.grid[l] = 0.5 * static_cast<double>(l) / (gridCount - 1);
+        problem.desired[l] = 2 * l < count ? 1.0 : 0.0;
+    }
+    Row* const rows[] = {&problem.grid, &problem.desired, &problem.weight};
+    for (std::size_t l = 0; l < count; l += every)
+        (*rows[row])[l] = bad;
+    return problem;
+}
+
 TEST(RemezExchange, NumbersThatMakeNoSense_EndAllTheSame)
 {
-    const Row bad = {nan, infinity, -infinity, 0.0, -1.0, 1e308, -1e308, 5e-324};
     for (const int tapCount : {1, 2, 3, 4, 9, 12, 40, 41}) {
         const int nfcns = tapCount / 2 + tapCount % 2;
         for (const int gridCount : {nfcns + 1, 2 * nfcns + 3, 16 * nfcns}) {
-            for (std::size_t kind = 0; kind < 3 * bad.size(); ++kind) {
-                for (const int every : {1, 2, 7}) {
-                    Row rows[3] = {Row(static_cast<std::size_t>(gridCount)),
-                                   Row(static_cast<std::size_t>(gridCount)),
-                                   Row(static_cast<std::size_t>(gridCount), 1.0)};
-                    for (int l = 0; l < gridCount; ++l) {
-                        rows[0].data()[l] = 0.5 * l / (gridCount - 1);
-                        rows[1].data()[l] = 2 * l < gridCount ? 1.0 : 0.0;
+            for (const double bad : {nan, infinity, -infinity, 0.0, -1.0, 1e308, -1e308, 5e-324}) {
+                for (std::size_t row = 0; row < 3; ++row) {
+                    for (const std::size_t every : {1U, 2U, 7U}) {
+                        RemezProblem p = SpoiltProblem(gridCount, row, bad, every);
+                        const RemezResult result = RemezExchange(
+                            tapCount, p.grid.data(), p.desired.data(), p.weight.data(), gridCount);
+                        EXPECT_EQ(result.halfResponse.size(), static_cast<std::size_t>(nfcns));
+                        EXPECT_GE(result.iterations, 1);
+                        EXPECT_LE(result.iterations, 250);
                     }
-                    for (int l = 0; l < gridCount; l += every)
-                        rows[kind % 3].data()[l] = bad[kind / 3];
-                    const RemezResult result = RemezExchange(tapCount, rows[0].data(), rows[1].data(),
-                                                             rows[2].data(), gridCount);
-                    EXPECT_EQ(result.halfResponse.size(), static_cast<std::size_t>(nfcns));
-                    EXPECT_GE(result.iterations, 1);
-                    EXPECT_LE(result.iterations, 250);
                 }
             }
         }
@@ -261,8 +271,8 @@ TEST(RemezExchange, ProblemWithoutSolution_IsNotANumber)
     Row grid(33);
     Row desired(33, 1.0);
     Row weight(33, 0.0);
-    for (int l = 0; l < 33; ++l)
-        grid.data()[l] = l / 64.0;
+    for (std::size_t l = 0; l < grid.size(); ++l)
+        grid[l] = static_cast<double>(l) / 64.0;
     const RemezResult result = RemezExchange(9, grid.data(), desired.data(), weight.data(), 33);
     EXPECT_EQ(result.iterations, 1);
     for (const double tap : result.halfResponse)

@@ -37,8 +37,8 @@ TEST(DenseGrid, EachBand_EndsOnItsEdges)
     const std::vector<double> grid = GridOf(21, {0.0, 0.4, 0.5, 1.0});
     ASSERT_EQ(grid.size(), 160U);
     EXPECT_EQ(grid[0], 0.0);
-    for (int i = 1; i < 70; ++i)
-        EXPECT_EQ(grid.data()[i], i * (1.0 / 176.0)) << i;
+    for (std::size_t i = 1; i < 70; ++i)
+        EXPECT_EQ(grid[i], static_cast<double>(i) * (1.0 / 176.0)) << i;
     EXPECT_EQ(grid[70], 0.4);
     EXPECT_EQ(grid[71], 0.5);
     EXPECT_EQ(grid[72], 0.5 + 1.0 / 176.0);
@@ -73,8 +73,8 @@ TEST(DenseGrid, NarrowBand_GetsTenSteps)
 {
     // 31 taps, 16 functions: a step of 1 / 256, and a first band of 1.25 of them.
     const std::vector<double> grid = GridOf(31, {0.0, 10.0 / 2048.0, 0.125, 1.0});
-    for (int i = 0; i <= 10; ++i)
-        EXPECT_EQ(grid.data()[i], i / 2048.0);
+    for (std::size_t i = 0; i <= 10; ++i)
+        EXPECT_EQ(grid[i], static_cast<double>(i) / 2048.0);
     EXPECT_EQ(grid[11], 0.125);
     EXPECT_EQ(grid[12], 0.125 + 1.0 / 256.0);
 }
