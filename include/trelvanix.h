@@ -177,7 +177,8 @@ TRELVANIX_API double* Roots(const double* c, int n);
  * 0 .. 14, filterType outside 0 .. 3, order below 1, wc1 outside (0, 1), wc2 outside (0, 1) (tested for
  * every type but highpass, so a lowpass needs a valid wc2 too); std::bad_array_new_length for an order
  * whose tap count does not fit an int; std::bad_alloc. A not-a-number edge passes the checks and gives
- * not-a-number taps; so does a window that is zero everywhere (order 1 with Hann or Bartlett).
+ * not-a-number taps if the type uses it; so does a window that is zero everywhere (order 1 with Hann,
+ * Bartlett or Bartlett-Hann).
  * Source: window method, Oppenheim & Schafer, Discrete-Time Signal Processing; windows, Harris 1978. */
 TRELVANIX_API double* CreateFirByWindow(int order, int filterType, int windowType, double wc1,
                                         double wc2);
