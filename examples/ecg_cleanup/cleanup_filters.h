@@ -1,42 +1,33 @@
-// The two linear-phase FIR filters that clean an electrocardiogram, and how to apply them in place.
+// The three linear-phase FIR filters that clean an electrocardiogram, and how to apply them in place.
 #pragma once
 
 #include <vector>
 
-#include "library_array.h"
-
-struct FirFilter {
-    int order = 0; // even; order + 1 taps
-    LibraryArray taps;
-};
+#include "digital_filter.h"
 
 struct CleanupFilters {
-    double highPassEdge = 0.0;                    // Hz, half the amplitude passes
-    double stopBandLow = 0.0, stopBandHigh = 0.0; // Hz, likewise
-    FirFilter highPass;                           // takes the baseline away
-    FirFilter bandStop;                           // takes the mains away
+    double highPassStop = 0.0;                    // Hz, end of the high-pass filter's stop band
+    double stopBandLow = 0.0, stopBandHigh = 0.0; // Hz, half the amplitude passes
+    DigitalFilter highPass;                       // takes the baseline away
+    DigitalFilter bandStop;                       // takes the mains away
+    DigitalFilter lowPass;                        // takes muscle noise away
+    DigitalFilter estimatedLowPass;               // the same of the estimated order, not applied
 };
 
-// Designs both filters. Their lengths in seconds are fixed.
+// Designs the filters, all of even order but the last. The lengths of the first two in seconds are
+// fixed.
 //
-//   rate    sampling rate in Hz, at most 10 kHz
+//   rate    sampling rate in Hz, 220 Hz to 10 kHz
 //   mains   frequency of the mains in Hz
 //
 // Errors: std::runtime_error for a rate out of range or a mains frequency whose stop band does not fit
 // between the baseline and the Nyquist frequency.
 CleanupFilters DesignCleanupFilters(double rate, double mains);
 
-// Applies both filters and takes their delay out: sample n of the result belongs to sample n of the
-// signal, and there are as many of them. The signal has at least as many samples as the longer filter
-// has taps.
+// Samples by which the three filters delay a signal together, a whole number.
+int Delay(const CleanupFilters& filters);
+
+// Applies the filters and takes their delay out: sample n of the result belongs to sample n of the
+// signal, and there are as many of them. The signal has at least as many samples as the longest filter
+// has taps, and more than the delay.
 std::vector<double> Clean(const std::vector<double>& signal, const CleanupFilters& filters);
-
-struct FrequencyResponse {
-    std::vector<double> frequencies; // Hz, 0 to Nyquist
-    std::vector<double> decibels;
-};
-
-// Magnitude of a filter's response at pointCount + 1 frequencies from 0 to Nyquist.
-//
-//   pointCount   a power of two, at least as large as the number of taps
-FrequencyResponse ResponseOf(const FirFilter& filter, double rate, int pointCount);

@@ -1,22 +1,27 @@
-// Cleans an electrocardiogram: reads a recording, designs a high-pass against the wandering baseline
-// and a band-stop against the mains, applies them, says what changed and writes the files for a picture
-// of it.
+// Cleans an electrocardiogram: reads a recording, designs a high-pass against the wandering baseline, a
+// band-stop against the mains and a low-pass against muscle noise, as FIR filters for a signal that is
+// there whole and as IIR filters for one that is still coming in. Applies both chains, says what changed
+// and what the filters cost, and writes the files for a picture of it.
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <bit>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <iterator>
 #include <limits>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "causal_filters.h"
 #include "cleanup_filters.h"
+#include "filter_edges.h"
+#include "filter_figures.h"
+#include "filter_response.h"
 #include "heart_rate.h"
 #include "recording.h"
 #include "spectrum.h"
@@ -40,8 +45,7 @@ struct Analysis {
     double beatsPerMinute = 0.0;
 };
 
-constexpr double mainsHalfBand = 0.5; // Hz
-constexpr double baselineEnd = 0.5;   // Hz
+constexpr double baselineEnd = 0.5; // Hz
 
 Analysis Analyse(const std::vector<double>& signal, const Settings& settings)
 {
@@ -60,78 +64,105 @@ double MillisecondsSince(std::chrono::steady_clock::time_point start)
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-void PrintPowers(const std::string& name, double before, double after)
-{
-    std::printf("%-28s %8.1f dB %8.1f dB %8.1f dB\n", name.c_str(), before, after, after - before);
-}
+// The recording, and what either chain makes of it.
+struct Signals {
+    const Recording& recording;
+    std::vector<double> fir, iir;
+};
 
-void PrintFigures(const Settings& settings, std::size_t sampleCount, const CleanupFilters& filters,
-                  const Analysis& before, const Analysis& after)
+struct Analyses {
+    Analysis before, fir, iir;
+};
+
+void PrintDesigns(const Settings& settings, std::size_t sampleCount, const CleanupFilters& filters)
 {
     std::printf("%-28s %zu samples, %.1f s at %g Hz\n", "recording", sampleCount,
                 static_cast<double>(sampleCount) / settings.rate, settings.rate);
-    std::printf("%-28s order %d, edge %g Hz, Hamming window\n", "high-pass", filters.highPass.order,
-                filters.highPassEdge);
-    std::printf("%-28s order %d, edges %g Hz and %g Hz, Hamming window\n\n", "band-stop",
-                filters.bandStop.order, filters.stopBandLow, filters.stopBandHigh);
+    std::printf("%-28s edge %g Hz\n", "high-pass", highPassEdge);
+    std::printf("%-28s edges %g Hz and %g Hz\n", "band-stop", filters.stopBandLow,
+                filters.stopBandHigh);
+    std::printf("%-28s pass band to %g Hz, stop band from %g Hz\n\n", "low-pass", lowPassPassEdge,
+                lowPassStopEdge);
+}
 
-    std::printf("%-28s %11s %11s %11s\n", "power, dB re 1 mV^2", "before", "after", "change");
+void PrintPowers(const char* name, double before, double fir, double iir)
+{
+    std::printf("%-28s %8.1f dB %8.1f dB %8.1f dB %8.1f dB %8.1f dB\n", name, before, fir, fir - before,
+                iir, iir - before);
+}
+
+void PrintChanges(const Settings& settings, const Analyses& analyses)
+{
+    const auto& [before, fir, iir] = analyses;
+    std::printf("%-28s %11s %11s %11s %11s %11s\n", "power, dB re 1 mV^2", "before", "after FIR",
+                "change", "after IIR", "change");
     char name[64];
     std::snprintf(name, sizeof name, "mains, %g to %g Hz", settings.mains - mainsHalfBand,
                   settings.mains + mainsHalfBand);
-    PrintPowers(name, before.mainsPower, after.mainsPower);
+    PrintPowers(name, before.mainsPower, fir.mainsPower, iir.mainsPower);
     std::snprintf(name, sizeof name, "baseline, below %g Hz", baselineEnd);
-    PrintPowers(name, before.baselinePower, after.baselinePower);
+    PrintPowers(name, before.baselinePower, fir.baselinePower, iir.baselinePower);
 
-    std::printf("\n%-28s %11s %11s\n", "heart", "before", "after");
-    std::printf("%-28s %11zu %11zu\n", "beats found", before.beats.size(), after.beats.size());
-    std::printf("%-28s %11.1f %11.1f\n\n", "beats a minute, median", before.beatsPerMinute,
-                after.beatsPerMinute);
+    std::printf("\n%-28s %11s %11s %11s\n", "heart", "before", "after FIR", "after IIR");
+    std::printf("%-28s %11zu %11zu %11zu\n", "beats found", before.beats.size(), fir.beats.size(),
+                iir.beats.size());
+    std::printf("%-28s %11.1f %11.1f %11.1f\n\n", "beats a minute, median", before.beatsPerMinute,
+                fir.beatsPerMinute, iir.beatsPerMinute);
 }
 
-void WriteFiles(const Settings& settings, const Recording& recording,
-                const std::vector<double>& cleaned, const CleanupFilters& filters,
-                const Analysis& before, const Analysis& after)
+std::vector<double> DecibelsOf(const FilterFigures& figures)
+{
+    std::vector<double> decibels(figures.response.magnitudes);
+    std::ranges::transform(decibels, decibels.begin(), Decibels);
+    return decibels;
+}
+
+void WriteFiles(const Settings& settings, const Signals& signals, const Analyses& analyses,
+                const CleanupFilters& filters, const std::vector<FilterFigures>& figures)
 {
     std::vector<double> beatTimes, beatVoltages;
-    for (const std::size_t beat : after.beats) {
-        beatTimes.push_back(recording.times[beat]);
-        beatVoltages.push_back(cleaned[beat]);
+    for (const std::size_t beat : analyses.fir.beats) {
+        beatTimes.push_back(signals.recording.times[beat]);
+        beatVoltages.push_back(signals.fir[beat]);
     }
-    const int longest = std::max(filters.highPass.order, filters.bandStop.order) + 1;
-    // Eight points for each tap draw a smooth curve.
-    const int pointCount = static_cast<int>(std::bit_ceil(4U * static_cast<unsigned>(longest)));
-    const FrequencyResponse highPass = ResponseOf(filters.highPass, settings.rate, pointCount);
-    const FrequencyResponse bandStop = ResponseOf(filters.bandStop, settings.rate, pointCount);
+    std::vector<std::vector<double>> decibels;
+    std::ranges::transform(figures, std::back_inserter(decibels), DecibelsOf);
 
     std::filesystem::create_directories(settings.outputFolder);
-    TableFile signals(
-        settings.outputFolder / "cleaned.csv",
-        {{"time_s", recording.times}, {"before_mV", recording.voltages}, {"after_mV", cleaned}});
+    TableFile cleaned(settings.outputFolder / "cleaned.csv", {{"time_s", signals.recording.times},
+                                                              {"before_mV", signals.recording.voltages},
+                                                              {"after_mV", signals.fir},
+                                                              {"after_iir_mV", signals.iir}});
     TableFile spectra(settings.outputFolder / "spectrum.csv",
-                      {{"frequency_Hz", before.spectrum.frequencies},
-                       {"before_mV2_per_Hz", before.spectrum.densities},
-                       {"after_mV2_per_Hz", after.spectrum.densities}});
+                      {{"frequency_Hz", analyses.before.spectrum.frequencies},
+                       {"before_mV2_per_Hz", analyses.before.spectrum.densities},
+                       {"after_mV2_per_Hz", analyses.fir.spectrum.densities},
+                       {"after_iir_mV2_per_Hz", analyses.iir.spectrum.densities}});
     TableFile responses(settings.outputFolder / "responses.csv",
-                        {{"frequency_Hz", highPass.frequencies},
-                         {"high_pass_dB", highPass.decibels},
-                         {"band_stop_dB", bandStop.decibels}});
+                        {{"frequency_Hz", figures.front().response.frequencies},
+                         {"high_pass_dB", decibels[0]},
+                         {"iir_high_pass_dB", decibels[1]},
+                         {"band_stop_dB", decibels[2]},
+                         {"iir_band_stop_dB", decibels[3]},
+                         {"low_pass_dB", decibels[4]},
+                         {"iir_low_pass_dB", decibels[5]}});
+    TableFile taps(settings.outputFolder / "low_pass_taps.csv", {{"tap", filters.lowPass.b}});
     TableFile beats(settings.outputFolder / "beats.csv",
                     {{"time_s", beatTimes}, {"after_mV", beatVoltages}});
     // Every table is complete on the disk before the first one gets its name.
-    for (TableFile* file : {&signals, &spectra, &responses, &beats})
+    for (TableFile* file : {&cleaned, &spectra, &responses, &taps, &beats})
         file->Publish();
 }
 
 void CheckLength(const Recording& recording, const CleanupFilters& filters, const Settings& settings)
 {
     const auto count = static_cast<std::int64_t>(recording.voltages.size());
-    if (count <= filters.highPass.order)
+    if (count <= Order(filters.highPass))
         throw std::runtime_error(settings.input.string() + ": too short, " + std::to_string(count) +
                                  " samples; the high-pass filter alone has " +
-                                 std::to_string(filters.highPass.order + 1));
+                                 std::to_string(Order(filters.highPass) + 1));
     // The library counts with int, and the signal is continued at both ends.
-    if (count > std::numeric_limits<int>::max() - filters.highPass.order - filters.bandStop.order)
+    if (count > std::numeric_limits<int>::max() - 2 * Delay(filters))
         throw std::runtime_error(settings.input.string() + ": too long, " + std::to_string(count) +
                                  " samples");
 }
@@ -140,32 +171,45 @@ void Run(const Settings& settings)
 {
     const auto designStart = std::chrono::steady_clock::now();
     const CleanupFilters filters = DesignCleanupFilters(settings.rate, settings.mains);
+    const CausalFilters causal = DesignCausalFilters(settings.rate, settings.mains);
     const double designTime = MillisecondsSince(designStart);
 
     const Recording recording = ReadRecording(settings.input, settings.rate);
     CheckLength(recording, filters, settings);
 
-    const auto filterStart = std::chrono::steady_clock::now();
-    const std::vector<double> cleaned = Clean(recording.voltages, filters);
-    const double filterTime = MillisecondsSince(filterStart);
+    const auto firStart = std::chrono::steady_clock::now();
+    Signals signals{recording, Clean(recording.voltages, filters), {}};
+    const double firTime = MillisecondsSince(firStart);
+    const auto iirStart = std::chrono::steady_clock::now();
+    signals.iir = CleanCausally(recording.voltages, causal);
+    const double iirTime = MillisecondsSince(iirStart);
 
-    const Analysis before = Analyse(recording.voltages, settings);
-    const Analysis after = Analyse(cleaned, settings);
-    WriteFiles(settings, recording, cleaned, filters, before, after);
-    PrintFigures(settings, cleaned.size(), filters, before, after);
-    std::printf("%-28s %8.1f ms\n%-28s %8.1f ms\n", "time for design", designTime, "time for filtering",
-                filterTime);
+    const Analyses analyses{Analyse(recording.voltages, settings), Analyse(signals.fir, settings),
+                            Analyse(signals.iir, settings)};
+    const std::vector<FilterFigures> figures =
+        FiguresOf(filters, causal, settings.rate, settings.mains, recording.voltages);
+    WriteFiles(settings, signals, analyses, filters, figures);
+
+    PrintDesigns(settings, recording.voltages.size(), filters);
+    PrintFilters(figures);
+    PrintLowPassDeviations(filters, settings.rate);
+    PrintChanges(settings, analyses);
+    std::printf("%-28s %8.1f ms\n", "time for design", designTime);
+    std::printf("%-28s %8.1f ms FIR, %.1f ms IIR\n", "time for filtering", firTime, iirTime);
 }
 
 // Exit status of the program.
 int RunCommandLine(int argc, char** argv)
 {
     Settings settings;
-    CLI::App app("Takes wandering baseline and mains hum off an electrocardiogram.", "ecg_cleanup");
+    CLI::App app("Takes wandering baseline, mains hum and muscle noise off an electrocardiogram.",
+                 "ecg_cleanup");
     app.add_option("INPUT.csv", settings.input, "recording: header line, then time in s, voltage in mV")
         ->required();
-    app.add_option("OUTPUT_DIR", settings.outputFolder,
-                   "folder for cleaned.csv, spectrum.csv, responses.csv and beats.csv; made if missing")
+    app.add_option(
+           "OUTPUT_DIR", settings.outputFolder,
+           "folder for cleaned.csv, spectrum.csv, responses.csv, low_pass_taps.csv and beats.csv; made "
+           "if missing")
         ->required();
     app.add_option("--rate", settings.rate, "sampling rate in Hz")->capture_default_str();
     app.add_option("--mains", settings.mains, "mains frequency in Hz")->capture_default_str();

@@ -9,6 +9,7 @@
 
 #include "support/bits.h"
 #include "support/frequency_response.h"
+#include "support/iir_arrays.h"
 #include "trelvanix.h"
 
 namespace trelvanix
@@ -16,22 +17,15 @@ namespace trelvanix
 namespace
 {
 
+using testing::IirArrays;
 using testing::IsNear;
+using testing::Row;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-using Row = std::vector<double>;
-
-struct Filter {
-    Row a;
-    Row b;
-    Row wn;
-};
-
-Filter Design(int order, Row wn, int filterType)
+IirArrays Design(int order, Row wn, int filterType)
 {
-    const auto count = static_cast<std::size_t>(order) * (filterType == 2 || filterType == 3 ? 2 : 1);
-    Filter filter = {Row(count + 1, 99.0), Row(count + 1, 99.0), std::move(wn)};
+    IirArrays filter(order, std::move(wn), static_cast<unsigned>(filterType));
     ::Bessel(order, filter.wn.data(), filterType, filter.a.data(), filter.b.data());
     return filter;
 }
@@ -147,7 +141,7 @@ TEST(BesselPrototype, KeepsPolesAtTheOriginOutsideTheTable)
 
 TEST(Bessel, DesignsAFirstOrderLowpass)
 {
-    const Filter f = Design(1, {2.0}, 0);
+    const IirArrays f = Design(1, {2.0}, 0);
     EXPECT_EQ(f.a, (Row{1.0, 2.0}));
     EXPECT_EQ(f.b, (Row{0.0, 2.0}));
     EXPECT_EQ(f.wn[0], 2.0);
@@ -156,7 +150,7 @@ TEST(Bessel, DesignsAFirstOrderLowpass)
 TEST(Bessel, DesignsASecondOrderLowpass)
 {
     // s^2 + sqrt(3) Wo s + Wo^2.
-    const Filter f = Design(2, {2.0}, 0);
+    const IirArrays f = Design(2, {2.0}, 0);
     EXPECT_TRUE(IsNear({1.0, 2.0 * std::sqrt(3.0), 4.0}, f.a.data(), 16 * epsilon));
     EXPECT_TRUE(IsNear({0.0, 0.0, 4.0}, f.b.data(), 64 * epsilon));
 }
@@ -166,7 +160,7 @@ TEST(Bessel, HasUnitGainAtZeroFrequencyAsALowpass)
     for (int order = 1; order <= 25; ++order) {
         if (order == 4 || order == 17)
             continue;
-        const Filter f = Design(order, {1.0}, 0);
+        const IirArrays f = Design(order, {1.0}, 0);
         // The constant terms are products of poles from two eigenvalue problems of increasing
         // condition.
         EXPECT_NEAR(f.b.back(), 1.0, 1e-6) << order;
@@ -178,7 +172,7 @@ TEST(Bessel, KeepsASingleNumeratorTermForEveryType)
 {
     for (int type = -1; type <= 4; ++type) {
         for (const int order : {1, 2, 3, 4, 7, 10}) {
-            const Filter f = Design(order, {0.8, 1.9}, type);
+            const IirArrays f = Design(order, {0.8, 1.9}, type);
             for (std::size_t i = 0; i + 1 < f.b.size(); ++i)
                 EXPECT_EQ(f.b[i], 0.0);
             EXPECT_NE(f.b.back(), 0.0);
@@ -197,10 +191,10 @@ TEST(Bessel, OverwritesBandEdges)
 
 TEST(Bessel, TakesOtherTypesForLowpasses)
 {
-    const Filter lowpass = Design(5, {3.0}, 0);
+    const IirArrays lowpass = Design(5, {3.0}, 0);
     for (const int type :
          {4, 7, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
-        const Filter f = Design(5, {3.0}, type);
+        const IirArrays f = Design(5, {3.0}, type);
         EXPECT_EQ(f.a, lowpass.a);
         EXPECT_EQ(f.b, lowpass.b);
     }
@@ -209,8 +203,8 @@ TEST(Bessel, TakesOtherTypesForLowpasses)
 TEST(Bessel, MirrorsTheLowpassAsAHighpass)
 {
     // s -> Wo / s turns the monic denominator around; its constant term is Wo^n times the product 1.
-    const Filter low = Design(5, {1.0}, 0);
-    const Filter high = Design(5, {1.0}, 1);
+    const IirArrays low = Design(5, {1.0}, 0);
+    const IirArrays high = Design(5, {1.0}, 1);
     for (std::size_t i = 0; i < low.a.size(); ++i)
         EXPECT_NEAR(high.a[i], low.a[low.a.size() - 1 - i], 1e-11) << i; // coefficients up to 12
 }
@@ -222,14 +216,14 @@ TEST(Bessel, KeepsTheDenominatorOfOrderFour)
     const double p2 = 0.6572111716718829 * 0.6572111716718829 + 0.8301614350048734 * 0.8301614350048734;
     const double q1 = 2.0 * 0.904758796788245;
     const double q2 = 0.904758796788245 * 0.904758796788245 - 0.27091873300387465 * 0.27091873300387465;
-    const Filter f = Design(4, {1.0}, 0);
+    const IirArrays f = Design(4, {1.0}, 0);
     EXPECT_TRUE(IsNear({1.0, p1 + q1, p2 + q2 + p1 * q1, p1 * q2 + p2 * q1, p2 * q2}, f.a.data(),
                        1000 * epsilon));
 }
 
 TEST(Bessel, KeepsAPoleAtTheOriginInOrderSeventeen)
 {
-    const Filter f = Design(17, {1.0}, 0);
+    const IirArrays f = Design(17, {1.0}, 0);
     // The real part of the stored pole counts: one factor s.
     EXPECT_NEAR(f.a.back(), 0.0, 1e-9);
     EXPECT_NEAR(f.a[16], 1.0 / 0.9087141161336397, 1e-6);
@@ -239,7 +233,7 @@ TEST(Bessel, KeepsAPoleAtTheOriginInOrderSeventeen)
 
 TEST(Bessel, KeepsAllPolesAtTheOriginOutsideTheTable)
 {
-    const Filter f = Design(26, {1.0}, 0);
+    const IirArrays f = Design(26, {1.0}, 0);
     EXPECT_EQ(f.a[0], 1.0);
     for (std::size_t i = 1; i < f.a.size(); ++i)
         EXPECT_EQ(f.a[i], 0.0);

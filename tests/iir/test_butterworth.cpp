@@ -9,6 +9,7 @@
 
 #include "support/bits.h"
 #include "support/frequency_response.h"
+#include "support/iir_arrays.h"
 #include "trelvanix.h"
 
 namespace trelvanix
@@ -18,22 +19,15 @@ namespace
 
 using testing::DigitalResponse;
 using testing::HasSameBits;
+using testing::IirArrays;
 using testing::IsNear;
+using testing::Row;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-using Row = std::vector<double>;
-
-struct Filter {
-    Row a;
-    Row b;
-    Row wn;
-};
-
-Filter Design(int order, Row wn, unsigned filterType, int analog = 0)
+IirArrays Design(int order, Row wn, unsigned filterType, int analog = 0)
 {
-    const auto count = static_cast<std::size_t>(order) * (filterType == 2 || filterType == 3 ? 2 : 1);
-    Filter filter = {Row(count + 1, 99.0), Row(count + 1, 99.0), std::move(wn)};
+    IirArrays filter(order, std::move(wn), filterType);
     ::Butterworth(order, filter.wn.data(), filterType, analog, filter.a.data(), filter.b.data());
     return filter;
 }
@@ -105,11 +99,11 @@ TEST(ButterworthZerosGain, HasNeitherZerosNorGainForOtherTypes)
 
 TEST(Butterworth, DesignsTheSmallestLowpasses)
 {
-    const Filter one = Design(1, {0.5}, 0);
+    const IirArrays one = Design(1, {0.5}, 0);
     EXPECT_TRUE(IsNear({1.0, 0.0}, one.a.data(), 2 * epsilon));
     EXPECT_TRUE(IsNear({0.5, 0.5}, one.b.data(), 2 * epsilon));
     // By hand: s^2 + 4 sqrt(2) s + 16 under the bilinear transform.
-    const Filter two = Design(2, {0.5}, 0);
+    const IirArrays two = Design(2, {0.5}, 0);
     const double root = std::sqrt(2.0);
     EXPECT_TRUE(IsNear({1.0, 0.0, 3.0 - 2.0 * root}, two.a.data(), 8 * epsilon));
     const double b0 = 1.0 / (2.0 + root);
@@ -126,7 +120,7 @@ TEST(Butterworth, AgreesWithAPrintedDesign)
     for (const Complex p : poles)
         for (int j = 3; j >= 1; --j)
             c[j] -= (4.0 + p * u) / (4.0 - p * u) * c[j - 1];
-    const Filter filter = Design(3, {0.4}, 0);
+    const IirArrays filter = Design(3, {0.4}, 0);
     EXPECT_TRUE(IsNear({1.0, c[1].real(), c[2].real(), c[3].real()}, filter.a.data(), 16 * epsilon));
 }
 
@@ -138,7 +132,7 @@ TEST(Butterworth, IsOneAtItsReferenceAndHalfPowerAtItsEdges)
         const double tolerance = 1e-14 * std::pow(4.0, order);
         for (unsigned type = 0; type < 4; ++type) {
             const bool band = type >= 2;
-            const Filter f = Design(order, band ? Row{0.3, 0.6} : Row{0.3}, type);
+            const IirArrays f = Design(order, band ? Row{0.3, 0.6} : Row{0.3}, type);
             const auto gainAt = [&](double w) { return std::abs(DigitalResponse(f.b, f.a, w)); };
             const double centre = 2.0 / 3.141592653589793 * std::atan2(f.wn[0], 4.0);
             const double reference[] = {0.0, 1.0, centre, 0.0};
@@ -155,7 +149,7 @@ TEST(Butterworth, IsOneAtItsReferenceAndHalfPowerAtItsEdges)
 TEST(Butterworth, KeepsZeroNumeratorForOtherTypes)
 {
     for (const unsigned type : {4U, 7U, 0xFFFFFFFFU}) {
-        const Filter f = Design(3, {0.3}, type);
+        const IirArrays f = Design(3, {0.3}, type);
         EXPECT_TRUE(HasSameBits({0.0, 0.0, 0.0, 0.0}, f.b.data()));
         EXPECT_EQ(f.wn[0], 0.3);
         EXPECT_EQ(f.a[0], 1.0);
@@ -178,7 +172,7 @@ TEST(Butterworth, KeepsAnalogLowpassWithoutAnEdge)
 TEST(Butterworth, KeepsAnalogHighpassWithDigitalZeros)
 {
     // Wo = 0 times the inverse: poles at zero, zeros at +1.
-    const Filter f = Design(2, {0.3}, 1, 1);
+    const IirArrays f = Design(2, {0.3}, 1, 1);
     EXPECT_TRUE(IsNear({1.0, 0.0, 0.0}, f.a.data(), 0.0));
     EXPECT_TRUE(IsNear({0.25, -0.5, 0.25}, f.b.data(), 0.0));
     EXPECT_EQ(f.wn[0], 0.3);
@@ -188,7 +182,7 @@ TEST(Butterworth, KeepsAnalogBandTypesWithoutALowerEdge)
 {
     // Wo = 0 makes Q = 0 and A / Q not finite.
     for (const unsigned type : {2U, 3U}) {
-        const Filter f = Design(2, {3.0, 5.0}, type, 1);
+        const IirArrays f = Design(2, {3.0, 5.0}, type, 1);
         EXPECT_EQ(f.wn, (Row{0.0, 0.0}));
         EXPECT_TRUE(std::isnan(f.a[2]));
     }

@@ -10,6 +10,7 @@
 
 #include "support/bits.h"
 #include "support/frequency_response.h"
+#include "support/iir_arrays.h"
 #include "trelvanix.h"
 
 namespace trelvanix
@@ -19,22 +20,15 @@ namespace
 
 using testing::DigitalResponse;
 using testing::HasSameBits;
+using testing::IirArrays;
 using testing::ProductFromRoots;
+using testing::Row;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-using Row = std::vector<double>;
-
-struct Filter {
-    Row a;
-    Row b;
-    Row wn;
-};
-
-Filter Design(int order, double rp, Row wn, unsigned filterType, int analog = 0)
+IirArrays Design(int order, double rp, Row wn, unsigned filterType, int analog = 0)
 {
-    const auto count = static_cast<std::size_t>(order) * (filterType == 2 || filterType == 3 ? 2 : 1);
-    Filter filter = {Row(count + 1, 99.0), Row(count + 1, 99.0), std::move(wn)};
+    IirArrays filter(order, std::move(wn), filterType);
     ::Chebyshv1(order, rp, filter.wn.data(), filterType, analog, filter.a.data(), filter.b.data());
     return filter;
 }
@@ -104,7 +98,7 @@ TEST(Cheb1ZerosGain, KeepsThePrototypeGainForOtherTypes)
 TEST(Chebyshv1, SumsToTheRippleFloorForEvenOrders)
 {
     for (int order = 1; order <= 8; ++order) {
-        const Filter f = Design(order, 1.0, {0.4}, 0);
+        const IirArrays f = Design(order, 1.0, {0.4}, 0);
         const double top = std::accumulate(f.b.begin(), f.b.end(), 0.0);
         const double bottom = std::accumulate(f.a.begin(), f.a.end(), 0.0);
         const double expected = order % 2 == 0 ? std::pow(10.0, -1.0 / 20.0) : 1.0;
@@ -120,7 +114,7 @@ TEST(Chebyshv1, FallsToTheRippleAtItsEdges)
         const double tolerance = 1e-14 * std::pow(8.0, order); // cancellation near poles, as above
         for (unsigned type = 0; type < 4; ++type) {
             const bool band = type >= 2;
-            const Filter f = Design(order, 0.5, band ? Row{0.3, 0.6} : Row{0.3}, type);
+            const IirArrays f = Design(order, 0.5, band ? Row{0.3, 0.6} : Row{0.3}, type);
             EXPECT_NEAR(std::abs(DigitalResponse(f.b, f.a, 0.3)), floor, tolerance);
             if (band) {
                 EXPECT_NEAR(std::abs(DigitalResponse(f.b, f.a, 0.6)), floor, tolerance);
@@ -132,11 +126,11 @@ TEST(Chebyshv1, FallsToTheRippleAtItsEdges)
 TEST(Chebyshv1, KeepsPrototypeGainAndZerosAtTheOriginForOtherTypes)
 {
     for (const unsigned type : {4U, 7U, 0xFFFFFFFFU}) {
-        const Filter odd = Design(3, 1.0, {0.3}, type);
+        const IirArrays odd = Design(3, 1.0, {0.3}, type);
         EXPECT_TRUE(HasSameBits(
             {Cheb1Prototype(3, 1.0).gain, 0.0, 0.0, 0.0},
             Row{odd.b[0], std::fabs(odd.b[1]), std::fabs(odd.b[2]), std::fabs(odd.b[3])}.data()));
-        const Filter even = Design(2, 1.0, {0.3}, type);
+        const IirArrays even = Design(2, 1.0, {0.3}, type);
         EXPECT_NEAR(even.b[0], Cheb1Prototype(2, 1.0).gain * std::pow(10.0, -0.05), 2 * epsilon);
         EXPECT_EQ(even.wn[0], 0.3);
     }
@@ -144,7 +138,7 @@ TEST(Chebyshv1, KeepsPrototypeGainAndZerosAtTheOriginForOtherTypes)
 
 TEST(Chebyshv1, GivesNotANumberWithoutRipple)
 {
-    const Filter f = Design(3, 0.0, {0.3}, 0);
+    const IirArrays f = Design(3, 0.0, {0.3}, 0);
     EXPECT_EQ(f.a[0], 1.0);
     EXPECT_TRUE(std::isnan(f.a[3]));
     EXPECT_TRUE(std::isnan(f.b[3]));

@@ -9,6 +9,7 @@
 
 #include "support/bits.h"
 #include "support/frequency_response.h"
+#include "support/iir_arrays.h"
 #include "trelvanix.h"
 
 namespace trelvanix
@@ -17,23 +18,16 @@ namespace
 {
 
 using testing::DigitalResponse;
+using testing::IirArrays;
 using testing::IsNear;
 using testing::ProductFromRoots;
+using testing::Row;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
-using Row = std::vector<double>;
-
-struct Filter {
-    Row a;
-    Row b;
-    Row wn;
-};
-
-Filter Design(int order, double rs, Row wn, unsigned filterType, int analog = 0)
+IirArrays Design(int order, double rs, Row wn, unsigned filterType, int analog = 0)
 {
-    const auto count = static_cast<std::size_t>(order) * (filterType == 2 || filterType == 3 ? 2 : 1);
-    Filter filter = {Row(count + 1, 99.0), Row(count + 1, 99.0), std::move(wn)};
+    IirArrays filter(order, std::move(wn), filterType);
     ::Chebyshv2(order, rs, filter.wn.data(), filterType, analog, filter.a.data(), filter.b.data());
     return filter;
 }
@@ -99,7 +93,7 @@ TEST(Cheb2Prototype, RipplesBelowTheAttenuation)
 TEST(Chebyshv2, HasItsZeroAtNyquistForAFirstOrderLowpass)
 {
     // Only the read-back gives a zero: b is symmetric.
-    const Filter f = Design(1, 20.0, {0.4}, 0);
+    const IirArrays f = Design(1, 20.0, {0.4}, 0);
     EXPECT_NEAR(f.b[0], f.b[1], 4 * epsilon);
     EXPECT_NEAR((f.b[0] + f.b[1]) / (f.a[0] + f.a[1]), 1.0, 16 * epsilon);
 }
@@ -115,7 +109,7 @@ TEST(Chebyshv2, IsOneAtItsReferenceAndDownAtItsEdges)
             if (order % 2 != 0 && (type == 1 || type == 2))
                 continue;
             const bool band = type >= 2;
-            const Filter f = Design(order, 30.0, band ? Row{0.3, 0.6} : Row{0.3}, type);
+            const IirArrays f = Design(order, 30.0, band ? Row{0.3, 0.6} : Row{0.3}, type);
             const auto gainAt = [&](double w) { return std::abs(DigitalResponse(f.b, f.a, w)); };
             const double centre = 2.0 / 3.141592653589793 * std::atan2(f.wn[0], 4.0);
             const double reference[] = {0.0, 1.0, centre, 0.0};
@@ -132,7 +126,7 @@ TEST(Chebyshv2, KeepsASymmetricNumeratorForOddHighpasses)
 {
     // The true numerator is antisymmetric, with a zero at +1. The zeros are those of a polynomial whose
     // constant term equals its leading coefficient, so the response at zero frequency is not zero.
-    const Filter f = Design(1, 20.0, {0.4}, 1);
+    const IirArrays f = Design(1, 20.0, {0.4}, 1);
     EXPECT_NEAR(f.b[0], f.b[1], 4 * epsilon);
     EXPECT_GT(std::abs(DigitalResponse(f.b, f.a, 0.0)), 0.01);
 }
@@ -140,10 +134,10 @@ TEST(Chebyshv2, KeepsASymmetricNumeratorForOddHighpasses)
 TEST(Chebyshv2, ReadsTheNumeratorBackForOtherTypesToo)
 {
     for (const unsigned type : {4U, 7U, 0xFFFFFFFFU}) {
-        const Filter f = Design(4, 40.0, {0.8}, type);
+        const IirArrays f = Design(4, 40.0, {0.8}, type);
         EXPECT_EQ(f.wn[0], 0.8);
         const double edge = 2.0 / 3.141592653589793 * std::atan(0.8 / 4.0);
-        const Filter lowpass = Design(4, 40.0, {edge}, 0);
+        const IirArrays lowpass = Design(4, 40.0, {edge}, 0);
         EXPECT_TRUE(IsNear(lowpass.a, f.a.data(), 64 * epsilon));
         // Coefficients of about 0.01 from zeros that lie close together.
         EXPECT_TRUE(IsNear(lowpass.b, f.b.data(), 1e-9));
@@ -152,7 +146,7 @@ TEST(Chebyshv2, ReadsTheNumeratorBackForOtherTypesToo)
 
 TEST(Chebyshv2, GivesNotANumberWithoutAttenuation)
 {
-    const Filter f = Design(3, 0.0, {0.3}, 0);
+    const IirArrays f = Design(3, 0.0, {0.3}, 0);
     EXPECT_TRUE(std::isnan(f.a[3]));
     EXPECT_TRUE(std::isnan(f.b[3]));
 }
