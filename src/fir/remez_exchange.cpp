@@ -163,8 +163,6 @@ void MoveExtremum(Sweep& sweep, int& extremum, int kup)
         }
         if (looksFar)
             peak = FindPeak(sweep.search, start + 2, kup, +1, true);
-        else if (start - 1 <= sweep.klow)
-            peak = start; // no room below: it stays and counts as moved
     }
     if (peak == none) {
         sweep.klow = start;

@@ -80,6 +80,24 @@ def test_equiripple_designs_with_hostile_edges_have_the_bits_of_the_plain_steps(
     assert designed > len(HOSTILE) ** 2
 
 
+def test_designs_where_larger_errors_appear_beyond_both_ends_have_the_bits_of_the_plain_steps():
+    """Highpass edges in the wrong order lead there: one sweep finds an error beyond the lowest extremum
+    and one beyond the highest, of which the high one is taken."""
+    rng = np.random.default_rng(350)
+    for order, wc1, wc2 in (
+        (4, 0.7345152605393581, 0.02003204607907083),
+        (5, 0.6043863474525488, 0.0965522865764672),
+        (5, 0.6711050408999444, 0.1995026073878381),
+        (5, 0.7069272363956643, 0.2185021466132251),
+        (6, 0.5993370465203837, 0.23192805185258858),
+        (7, 0.6645932936953498, 0.17357538208725753),
+    ):
+        assert check_remez(order, 1, wc1, wc2)
+    for _ in range(200):
+        wc2, wc1 = np.sort(rng.uniform(0.01, 0.99, 2)).tolist()
+        assert check_remez(int(rng.integers(2, 25)), int(rng.integers(4)), wc1, wc2)
+
+
 # ---- Order -------------------------------------------------------------------------------------
 
 
