@@ -54,16 +54,6 @@ ResultArray LinearPhaseSpectrum(const double* amplitude, int npt, int order)
     return spectrum;
 }
 
-// The window's angles are n * 2 pi / order here: the same numbers as in the windowed design.
-ResultArray WindowOf(WindowType windowType, int order, int tapCount)
-{
-    auto angles = NewGrowableArray<double>(tapCount);
-    double* x = angles.data();
-    for (int n = 0; n < tapCount; ++n)
-        x[n] = n * twoPi / order;
-    return GenerateWindow(windowType, x, tapCount);
-}
-
 } // namespace
 
 void CheckFirByFSArguments(int order, int windowType)
@@ -128,7 +118,7 @@ ResultArray CreateFirByFS(int order, int filterType, int windowType, double wc1,
     const ResultArray spectrum =
         LinearPhaseSpectrum(SampleBreakpoints(breakpoints, npt).data(), npt, order);
     const ResultArray samples = IFFT(spectrum.get(), 2 * npt);
-    const ResultArray window = WindowOf(static_cast<WindowType>(windowType), order, tapCount);
+    const ResultArray window = CreateWindow(static_cast<WindowType>(windowType), tapCount);
     for (int i = 0; i < tapCount; ++i)
         b[i] = LoadComplex(samples.get(), i).real() * window[static_cast<std::size_t>(i)];
     return taps;
