@@ -16,8 +16,8 @@ constexpr int digital = 0;
 // distorts the phase of what lies within some octaves above its edge: after each QRS complex the line
 // dips and creeps back, which a physician may take for a changed ST segment. That does no harm to
 // counting beats; for reading an ST segment the edge of such a filter has to come down to 0.05 Hz
-// (Kligfield et al. 2007), and most of the wander stays. Order 2 takes
-// 12 dB an octave off the wander and dips less than a higher order.
+// (Kligfield et al. 2007), and most of the wander stays. Order 2 takes 12 dB an octave off the wander
+// and dips less than a higher order.
 constexpr int highPassOrder = 2;
 
 // Four poles: a notch that is deep at the mains and rings for about 0.1 s. A higher order is flatter at
