@@ -1,0 +1,79 @@
+#ifndef TRELVANIX_COMMON_LANES_H
+#define TRELVANIX_COMMON_LANES_H
+
+// For kernel sources alone: the widest vector of doubles of the instruction set that this translation
+// unit is compiled for. An operation on Lanes does in every lane what the operation on doubles does,
+// rounding included; kernels put different outputs into different lanes and keep the order of operations
+// within a lane, so every instruction set gives the bits of the plain loop.
+//
+// Everything here is static and inlined. An inline function with external linkage would exist once for
+// the whole library, perhaps in its AVX-512 form, and stop a processor that lacks it; kernel sources
+// therefore use no templates or inline functions shared with other files (no standard containers), which
+// the test "kernels" watches.
+
+#include <cstring>
+
+namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+{
+
+#if defined(__AVX512F__)
+constexpr int laneCount = 8;
+#elif defined(__AVX2__)
+constexpr int laneCount = 4;
+#else
+constexpr int laneCount = 2;
+#endif
+
+#if defined(__GNUC__)
+#define TRELVANIX_INLINE static inline __attribute__((always_inline))
+
+using Lanes = double __attribute__((vector_size(laneCount * sizeof(double))));
+
+TRELVANIX_INLINE Lanes Broadcast(double value)
+{
+    return value - Lanes{}; // value - 0 is value, the sign of a zero included
+}
+#else
+#define TRELVANIX_INLINE static inline
+
+struct Lanes {
+    double lane[laneCount];
+};
+
+#define TRELVANIX_LANES_OPERATOR(op)                                                                   \
+    TRELVANIX_INLINE Lanes operator op(Lanes x, Lanes y)                                               \
+    {                                                                                                  \
+        for (int i = 0; i < laneCount; ++i)                                                            \
+            x.lane[i] = x.lane[i] op y.lane[i];                                                        \
+        return x;                                                                                      \
+    }
+TRELVANIX_LANES_OPERATOR(+)
+TRELVANIX_LANES_OPERATOR(-)
+TRELVANIX_LANES_OPERATOR(*)
+TRELVANIX_LANES_OPERATOR(/)
+#undef TRELVANIX_LANES_OPERATOR
+
+TRELVANIX_INLINE Lanes Broadcast(double value)
+{
+    Lanes lanes;
+    for (double& lane : lanes.lane)
+        lane = value;
+    return lanes;
+}
+#endif
+
+TRELVANIX_INLINE Lanes Load(const double* p)
+{
+    Lanes lanes;
+    std::memcpy(&lanes, p, sizeof lanes);
+    return lanes;
+}
+
+TRELVANIX_INLINE void Store(double* p, Lanes lanes)
+{
+    std::memcpy(p, &lanes, sizeof lanes);
+}
+
+} // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+#endif
