@@ -22,13 +22,12 @@
  *              comment does not allow null, null is undefined.
  * Concurrency  No state is kept between calls. Calls may run at the same time on any threads as long
  *              as they do not share an array that one of them writes.
- * Version      Functions marked "Not in this version" throw std::logic_error and write nothing.
  */
 #ifndef TRELVANIX_H
 #define TRELVANIX_H
 
-#define TRELVANIX_VERSION_MAJOR 0
-#define TRELVANIX_VERSION_MINOR 1
+#define TRELVANIX_VERSION_MAJOR 1
+#define TRELVANIX_VERSION_MINOR 0
 #define TRELVANIX_VERSION_PATCH 0
 
 /* On Windows the names are exported by a module-definition file and need no mark here. */
@@ -337,32 +336,59 @@ TRELVANIX_API void Chebyshv2(int order, double rs, double* wn, unsigned int filt
  * Source: Thomson 1949; Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Bessel(int order, double* wn, int filterType, double* a, double* b);
 
-/* Designs an elliptic filter: equal ripple in the pass band and in the stop band. Not in this version.
+/* Designs an elliptic filter: equal ripple in the pass band and in the stop band, the steepest transition
+ * for its order.
  *
- *   Rp   ripple of the pass band in decibels, > 0
+ *   Rp   peak-to-peak ripple of the pass band in decibels, > 0
  *   Rs   attenuation of the stop band in decibels, > Rp
  *
- * The other parameters and the errors are those of Butterworth; wn holds the edge of the pass band.
+ * The other parameters and the errors are those of Butterworth; wn holds the edge or edges of the pass
+ * band, where the response leaves the ripple. The peak is one; for an even order the response at the
+ * reference frequency (see Butterworth) is at the bottom of the ripple. Where the stop band begins
+ * follows from order, Rp and Rs.
+ *
+ * Zeros, poles and gain are read back from the model's polynomials. The filter comes out right when
+ *   - it has an even order, if it is a highpass or a bandpass (of an odd order they have zeros at z = 1,
+ *     which the read-back cannot find: b is not the filter's),
+ *   - its leading numerator coefficient is above 0.0001 (a smaller one is taken for zero and b is scaled
+ *     by the first coefficient that is larger),
+ *   - Rs is at most some 104 to 120 dB, the less the larger Rp: beyond, 10^(Rp/10) - 1 over
+ *     10^(Rs/10) - 1 is below 1e-12, and the transition band comes out far too wide, and
+ *   - the band is not so narrow, nor the order so high, that the polynomials lose their meaning in
+ *     double precision.
+ * docs/NUMERICS.md has a table of what can be trusted. Rp = 0 gives not-a-number coefficients.
  * Source: Orfanidis, Lecture Notes on Elliptic Filter Design, 2006. */
 TRELVANIX_API void Elliptic(int order, double Rp, double Rs, double* wn, unsigned int filterType,
                             int analog, double* a, double* b);
 
 /* ---- Order estimation ---------------------------------------------------------------------------- */
 
-/* Estimates the smallest order of an IIR filter that meets its requirements. Not in this version.
+/* Estimates the smallest order of a digital IIR filter that meets its requirements, and the edge or edges
+ * to hand to the design function of its family.
  *
  *   designType       0 Butterworth, 1 Chebyshev I, 2 Chebyshev II, 3 elliptic, 4 Bessel (a fixed
  *                    answer: order 1, wn[0] = 0.1 when edgeCount is 2); any other value writes nothing
- *   edges            edgeCount edges, fractions of the Nyquist frequency, read only: the pass-band
- *                    edge or edges, then the stop-band edge or edges
- *   edgeCount        2 (lowpass, highpass) or 4 (bandpass, bandstop); the type follows from the edges
- *   passRipple       largest attenuation in the pass band, decibels
- *   stopAttenuation  smallest attenuation in the stop band, decibels
- *   order            written: the order
- *   wn               edgeCount / 2 doubles, written: the edge or edges for the design function
+ *   edges            edgeCount edges, fractions of the Nyquist frequency, in (0, 1), read only: the
+ *                    pass-band edge or edges, then the stop-band edge or edges, each pair ascending
+ *   edgeCount        2 (lowpass, highpass) or 4 (bandpass, bandstop); the type follows from the edges:
+ *                    lowpass or bandstop when the first stop-band edge is above the first pass-band edge
+ *   passRipple       largest attenuation in the pass band, decibels, > 0
+ *   stopAttenuation  smallest attenuation in the stop band, decibels, > passRipple. Of both the sign is
+ *                    ignored, but for designType 3.
+ *   order            written: the order of the prototype, as the design functions take it
+ *   wn               edgeCount / 2 doubles, written: Butterworth, the half-power edges that meet the
+ *                    stop band exactly; Chebyshev I and elliptic, the pass-band edges as given;
+ *                    Chebyshev II, the stop-band edges as given
  *
- * Errors: std::bad_alloc. Numbers are not checked.
- * Source: Parks & Burrus, Digital Filter Design, 1987; minimiser, Brent 1973. */
+ * A bandstop's pass edges are moved inwards as far as that saves order; the edges in wn are those given,
+ * so that the design is steeper in the narrower transition than it need be. The order may be one with
+ * which the family's design has a wrong numerator (odd orders of Chebyshev II and elliptic highpass and
+ * bandpass filters): take the next even one.
+ *
+ * Errors: std::bad_alloc. Numbers are not checked: an order that is infinite or not a number (equal
+ * edges, no ripple) is written as the most negative int. Any other edgeCount counts as lowpass or
+ * highpass and touches nothing outside arrays of that length.
+ * Source: Rabiner & Gold 1975; elliptic integrals, Abramowitz & Stegun 1964; minimiser, Brent 1973. */
 TRELVANIX_API void FilterMinimumOrder(int designType, const double* edges, int edgeCount,
                                       double passRipple, double stopAttenuation, int* order,
                                       double* wn);

@@ -1,10 +1,10 @@
 #include "trelvanix.h"
 
-#include "api/not_in_this_version.h"
 #include "iir/bessel.h"
 #include "iir/butterworth.h"
 #include "iir/chebyshev1.h"
 #include "iir/chebyshev2.h"
+#include "iir/elliptic.h"
 
 void Butterworth(int order, double* wn, unsigned int filterType, int analog, double* a, double* b)
 {
@@ -28,8 +28,8 @@ void Bessel(int order, double* wn, int filterType, double* a, double* b)
     trelvanix::Bessel(order, wn, filterType, a, b);
 }
 
-void Elliptic(int /*order*/, double /*Rp*/, double /*Rs*/, double* /*wn*/, unsigned int /*filterType*/,
-              int /*analog*/, double* /*a*/, double* /*b*/)
+void Elliptic(int order, double Rp, double Rs, double* wn, unsigned int filterType, int analog,
+              double* a, double* b)
 {
-    trelvanix::ThrowNotInThisVersion("Elliptic");
+    trelvanix::Elliptic(order, Rp, Rs, wn, filterType, analog, a, b);
 }

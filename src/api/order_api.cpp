@@ -1,10 +1,8 @@
+#include "iir/minimum_order.h"
 #include "trelvanix.h"
 
-#include "api/not_in_this_version.h"
-
-void FilterMinimumOrder(int /*designType*/, const double* /*edges*/, int /*edgeCount*/,
-                        double /*passRipple*/, double /*stopAttenuation*/, int* /*order*/,
-                        double* /*wn*/)
+void FilterMinimumOrder(int designType, const double* edges, int edgeCount, double passRipple,
+                        double stopAttenuation, int* order, double* wn)
 {
-    trelvanix::ThrowNotInThisVersion("FilterMinimumOrder");
+    trelvanix::FilterMinimumOrder(designType, edges, edgeCount, passRipple, stopAttenuation, order, wn);
 }

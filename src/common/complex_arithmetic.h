@@ -4,6 +4,7 @@
 #include <cmath>
 #include <complex>
 #include <cstdint>
+#include <limits>
 
 namespace trelvanix
 {
@@ -18,17 +19,28 @@ inline Complex Multiply(Complex x, Complex y)
 }
 
 // x / y, scaled by the larger component of y, so that nothing between overflows while the quotient is
-// in range. A divisor of zero gives not-a-number. Source: Smith 1962.
+// in range. A divisor that is zero or not finite gives not-a-number. Source: Smith 1962.
 inline Complex Divide(Complex x, Complex y)
 {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     if (std::fabs(y.real()) >= std::fabs(y.imag())) {
         const double ratio = y.imag() / y.real();
         const double divisor = y.real() + y.imag() * ratio;
+        if (!std::isfinite(divisor))
+            return {nan, nan};
         return {(x.real() + x.imag() * ratio) / divisor, (x.imag() - x.real() * ratio) / divisor};
     }
     const double ratio = y.real() / y.imag();
     const double divisor = y.real() * ratio + y.imag();
+    if (!std::isfinite(divisor))
+        return {nan, nan};
     return {(x.real() * ratio + x.imag()) / divisor, (x.imag() * ratio - x.real()) / divisor};
+}
+
+// x^2 as one multiplication.
+inline Complex Square(Complex x)
+{
+    return Multiply(x, x);
 }
 
 // e^(j angle).

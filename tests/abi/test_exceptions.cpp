@@ -114,22 +114,4 @@ TEST(Exceptions, OfAGridTooLargeReachTheHost)
               "vector too long");
 }
 
-TEST(Exceptions, NameTheFunctionsThatAreNotInThisVersion)
-{
-    using Error = std::logic_error;
-    const auto expected = [](const std::string& function) {
-        return function + " is not in this version of Trelvanix";
-    };
-    double wn[] = {0.25, 0.5};
-    double a[] = {7.0};
-    double b[] = {8.0};
-    int order = 9;
-    EXPECT_EQ(MessageOf<Error>([&] { Elliptic(1, 1.0, 40.0, wn, 0, 0, a, b); }), expected("Elliptic"));
-    EXPECT_EQ(MessageOf<Error>([&] { FilterMinimumOrder(0, wn, 2, 1.0, 40.0, &order, a); }),
-              expected("FilterMinimumOrder"));
-    EXPECT_EQ(a[0], 7.0);
-    EXPECT_EQ(b[0], 8.0);
-    EXPECT_EQ(order, 9);
-}
-
 } // namespace

@@ -49,6 +49,21 @@ TEST(Divide, GivesNotANumberForAZeroDivisor)
     EXPECT_TRUE(std::isnan(quotient.imag()));
 }
 
+TEST(Divide, GivesNotANumberForAnInfiniteDivisor)
+{
+    for (const Complex divisor : {Complex(inf, 0.0), Complex(1.0, -inf), Complex(inf, inf)}) {
+        const Complex quotient = Divide({1.0, 1.0}, divisor);
+        EXPECT_TRUE(std::isnan(quotient.real()));
+        EXPECT_TRUE(std::isnan(quotient.imag()));
+    }
+}
+
+TEST(Square, IsOneMultiplication)
+{
+    EXPECT_EQ(Square({1.0, 2.0}), Complex(-3.0, 4.0));
+    EXPECT_TRUE(std::isnan(Square({inf, inf}).real()));
+}
+
 TEST(UnitPhasor, LiesOnTheUnitCircle)
 {
     EXPECT_EQ(UnitPhasor(0.0), Complex(1.0, 0.0));

@@ -53,7 +53,7 @@ void AppendIirDesigns(std::vector<double>& all)
         const auto type = static_cast<unsigned int>(filterType);
         for (int order = 0; order <= 9; ++order) {
             const auto count = static_cast<std::size_t>(filterType < 2 ? order : 2 * order) + 1;
-            for (int family = 0; family < 4; ++family) {
+            for (int family = 0; family < 5; ++family) {
                 std::vector<double> a(count), b(count);
                 double wn[] = {0.3, 0.6};
                 if (family == 0)
@@ -62,11 +62,26 @@ void AppendIirDesigns(std::vector<double>& all)
                     Chebyshv1(order, 0.5, wn, type, 0, a.data(), b.data());
                 else if (family == 2)
                     Chebyshv2(order, 40.0, wn, type, 0, a.data(), b.data());
+                else if (family == 3)
+                    Elliptic(order, 0.5, 40.0, wn, type, 0, a.data(), b.data());
                 else
                     Bessel(order, wn, filterType, a.data(), b.data());
                 all.insert(all.end(), a.begin(), a.end());
                 all.insert(all.end(), b.begin(), b.end());
             }
+        }
+    }
+}
+
+void AppendMinimumOrders(std::vector<double>& all)
+{
+    const double edges[][4] = {{0.2, 0.3}, {0.3, 0.2}, {0.2, 0.5, 0.1, 0.6}, {0.1, 0.7, 0.3, 0.5}};
+    for (int kind = 0; kind < 4; ++kind) {
+        for (int family = 0; family < 5; ++family) {
+            int order = 0;
+            double wn[2] = {};
+            FilterMinimumOrder(family, edges[kind], kind < 2 ? 2 : 4, 1.0, 40.0, &order, wn);
+            all.insert(all.end(), {static_cast<double>(order), wn[0], wn[1]});
         }
     }
 }
@@ -95,6 +110,7 @@ std::vector<double> CallEverything(const CallInputs& inputs)
     Append(all, Roots(x, 50), 100);
     AppendFirDesigns(all);
     AppendIirDesigns(all);
+    AppendMinimumOrders(all);
     return all;
 }
 
