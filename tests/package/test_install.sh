@@ -17,8 +17,8 @@ expected="./include/trelvanix.h ./lib/libTrelvanix.so ./lib/libTrelvanix.so.${ve
 [ "$installed" = "$expected" ] || { echo "installed: $installed; expected: $expected" >&2; exit 1; }
 
 link=(-I "$prefix/include" -L "$prefix/lib" -lTrelvanix "-Wl,-rpath,$prefix/lib")
-"$cc" -std=c11 -o "$work/first_filter_c" "$source/examples/first_filter.c" "${link[@]}"
-"$cxx" -std=c++20 -o "$work/first_filter_cpp" "$source/examples/first_filter.cpp" "${link[@]}"
+"$cc" -std=c11 -o "$work/first_filter_c" "$source/examples/hosts/first_filter.c" "${link[@]}"
+"$cxx" -std=c++20 -o "$work/first_filter_cpp" "$source/examples/hosts/first_filter.cpp" "${link[@]}"
 from_c=$("$work/first_filter_c")
 from_cpp=$("$work/first_filter_cpp")
 [ -n "$from_c" ] && [ "$from_c" = "$from_cpp" ] ||

@@ -1,14 +1,16 @@
 """The smallest host in Python: designs a low-pass filter, filters a step that comes back down, prints both.
 
-usage: first_filter.py LIBRARY
+usage: first_filter.py LIBRARY [EDGE]
 
-LIBRARY is the built shared library, libTrelvanix.so or Trelvanix.dll.
+LIBRARY is the built shared library, libTrelvanix.so or Trelvanix.dll;
+EDGE is a fraction of the Nyquist frequency, 0.3 unless given.
 """
 
 import ctypes
 import sys
 
 LOW_PASS, HAMMING = 0, 2
+HIGHEST_ORDER = 10000  # our own limit, far above what a filter needs
 DOUBLES = ctypes.POINTER(ctypes.c_double)
 
 
@@ -33,8 +35,8 @@ def taken(library, array, count):
 
 def design_low_pass(library, order, edge):
     # The library answers bad arguments with C++ exceptions, and those end a Python process: check first.
-    if order < 1:
-        raise ValueError("the order has to be at least 1")
+    if not 1 <= order <= HIGHEST_ORDER:
+        raise ValueError(f"the order has to lie between 1 and {HIGHEST_ORDER}")
     if not 0.0 < edge < 1.0:
         raise ValueError("the edge has to lie between 0 and 1, the Nyquist frequency")
     # A low-pass has one edge, but the second one is range-checked too.
@@ -49,11 +51,16 @@ def apply_fir(library, signal, taps):
 
 
 def main():
-    if len(sys.argv) != 2:
+    if len(sys.argv) not in (2, 3):
         sys.exit(__doc__.strip())
     library = load(sys.argv[1])
     signal = [1.0] * 10 + [0.0] * 10
-    filtered = apply_fir(library, signal, design_low_pass(library, order=8, edge=0.3))
+    try:
+        edge = float(sys.argv[2]) if len(sys.argv) == 3 else 0.3
+        taps = design_low_pass(library, order=8, edge=edge)
+    except ValueError as error:
+        sys.exit(f"first_filter: {error}")
+    filtered = apply_fir(library, signal, taps)
     for n, (before, after) in enumerate(zip(signal, filtered)):
         print(f"{n:2d} {before:4.1f} {after:9.6f}")
 

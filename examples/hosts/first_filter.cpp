@@ -1,7 +1,12 @@
 // The smallest host in C++: designs a low-pass filter, filters a step that comes back down, prints
 // both.
+//
+// usage: first_filter [EDGE]
+//
+// EDGE is a fraction of the Nyquist frequency, 0.3 unless given.
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 
@@ -18,10 +23,9 @@ struct ReleaseToLibrary {
 };
 using LibraryArray = std::unique_ptr<double[], ReleaseToLibrary>;
 
-void FilterStep()
+void FilterStep(double edge)
 {
     constexpr int order = 8, lowPass = 0, hamming = 2;
-    constexpr double edge = 0.3;   // of the Nyquist frequency
     constexpr double unused = 0.5; // a low-pass has one edge, but the second one is range-checked too
     constexpr int sampleCount = 20;
     const std::array<double, sampleCount> signal{1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
@@ -38,10 +42,10 @@ void FilterStep()
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
     try {
-        FilterStep();
+        FilterStep(argc > 1 ? std::strtod(argv[1], nullptr) : 0.3);
     } catch (const std::exception& error) {
         // Bad arguments arrive here: std::invalid_argument with a message that says which.
         std::fprintf(stderr, "first_filter: %s\n", error.what());
