@@ -13,7 +13,12 @@ test_packages=(
   libbenchmark-dev                                 # benchmarks
   clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
   g++-mingw-w64-x86-64-posix                       # Windows cross build
+  gfortran mono-mcs mono-runtime libjna-java       # example hosts in Fortran, C# and Java
 )
+# Tools of the example hosts that a machine may well have from elsewhere.
+for tool in javac:default-jdk-headless node:nodejs npm:npm rustc:rustc; do
+  command -v "${tool%%:*}" >/dev/null || test_packages+=("${tool#*:}")
+done
 
 packages=()
 for job in "$@"; do
