@@ -1,4 +1,4 @@
-"""The IIR designs and Roots of the built library through ctypes; TRELVANIX_LIBRARY names the library."""
+"""The IIR designs, FilterMinimumOrder and Roots of the built library through ctypes; TRELVANIX_LIBRARY names the library."""
 
 import ctypes
 import os
@@ -41,8 +41,28 @@ def chebyshev2(order, rs, wn, kind, analog=0):
     )
 
 
+def elliptic(order, rp, rs, wn, kind, analog=0):
+    decibels = [ctypes.c_double(rp), ctypes.c_double(rs)]
+    return _design(_library.Elliptic, order, kind, wn, *decibels, wn, ctypes.c_uint(kind), ctypes.c_int(analog))
+
+
 def bessel(order, wn, kind):
     return _design(_library.Bessel, order, kind, wn, wn, ctypes.c_int(kind))
+
+
+def minimum_order(family, edges, ripple, attenuation, wn, edge_count=None):
+    """The order, None where none is written; wn is overwritten."""
+    order = ctypes.c_int(int(UNTOUCHED))
+    given = (ctypes.c_double * max(len(edges), 1))(*edges)
+    natural = (ctypes.c_double * (len(wn) + MARGIN))(*wn, *[UNTOUCHED] * MARGIN)
+    _library.FilterMinimumOrder(
+        ctypes.c_int(family), given, ctypes.c_int(len(edges) if edge_count is None else edge_count),
+        ctypes.c_double(ripple), ctypes.c_double(attenuation), ctypes.byref(order), natural,
+    )  # fmt: skip
+    assert bytes(given)[: 8 * len(edges)] == bytes((ctypes.c_double * len(edges))(*edges))
+    assert natural[len(wn) :] == [UNTOUCHED] * MARGIN
+    wn[:] = natural[: len(wn)]
+    return None if order.value == int(UNTOUCHED) else order.value
 
 
 def roots(c, n):
