@@ -10,7 +10,7 @@ import ctypes.util
 import math
 
 import literal_iir as iir
-from literal_iir import HALF_PI, NAN, PI, TINY, cos, over, plus, power, product, sin, sqrt, times
+from literal_iir import HALF_PI, NAN, PI, TINY, cos, over, plus, power, product, quotient, sin, sqrt, times
 
 _libm = ctypes.CDLL(ctypes.util.find_library("m"))
 exp, log = (iir._c_function(name, 1) for name in ("exp", "log"))
@@ -44,18 +44,6 @@ TWO_OVER_PI = 0.6366197723675814
 
 def scaled(factor, x):
     return (factor * x[0], factor * x[1])
-
-
-def quotient(x, y):
-    """The shared quotient; a divisor of zero or without a finite size gives no number."""
-    (c, d) = y
-    if abs(c) >= abs(d):
-        size = c + d * over(d, c)
-    else:
-        size = c * over(c, d) + d
-    if not (math.isfinite(c) and math.isfinite(d) and math.isfinite(size)) or size == 0.0:
-        return (NAN, NAN)
-    return iir.quotient(x, y)
 
 
 # ---- moduli and integrals --------------------------------------------------------------------------

@@ -59,14 +59,19 @@ def plus(x, y):
 
 
 def quotient(x, y):
+    """No number where the divisor is zero or not finite."""
     (a, b), (c, d) = x, y
     if abs(c) >= abs(d):
         ratio = over(d, c)
         size = c + d * ratio
-        return (over(a + b * ratio, size), over(b - a * ratio, size))
-    ratio = over(c, d)
-    size = c * ratio + d
-    return (over(a * ratio + b, size), over(b * ratio - a, size))
+        top = (a + b * ratio, b - a * ratio)
+    else:
+        ratio = over(c, d)
+        size = c * ratio + d
+        top = (a * ratio + b, b * ratio - a)
+    if size == 0.0 or not math.isfinite(size):
+        return (NAN, NAN)
+    return (top[0] / size, top[1] / size)
 
 
 def phasor(angle):

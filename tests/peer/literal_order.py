@@ -138,7 +138,7 @@ def butterworth_frequencies(wp, wa, kind, attenuation, order):
     else:
         root = sqrt(0.25 * power(W0, 2.0) * power(d, 2.0) + wp[0] * wp[1])
         result = [root + W0 * d * 0.5, root - W0 * d * 0.5]
-    return result if result[0] < result[1] else [result[1], result[0]]
+    return [result[1], result[0]] if result[1] < result[0] else result
 
 
 def minimum_order(family, edges, ripple, attenuation, wn):

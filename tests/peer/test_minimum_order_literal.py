@@ -13,7 +13,7 @@ import literal_order as literal
 import trelvanix_iir as library
 from test_iir_literal import HOSTILE, bits
 
-CALLS = int(os.environ.get("TRELVANIX_LITERAL_CALLS", "150"))
+CALLS = int(os.environ.get("TRELVANIX_LITERAL_CALLS", "1000"))
 UNTOUCHED = library.UNTOUCHED
 FAMILIES = range(5)
 
