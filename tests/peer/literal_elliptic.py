@@ -10,7 +10,7 @@ import ctypes.util
 import math
 
 import literal_iir as iir
-from literal_iir import HALF_PI, NAN, PI, TINY, cos, over, plus, power, product, quotient, sin, sqrt, times
+from literal_iir import HALF_PI, PI, TINY, cos, over, plus, power, product, quotient, sin, sqrt, times
 
 _libm = ctypes.CDLL(ctypes.util.find_library("m"))
 exp, log = (iir._c_function(name, 1) for name in ("exp", "log"))

@@ -287,7 +287,9 @@ def test_keeps_bandstop_edges_that_are_not_those_of_the_order(family):
         if math.ceil(stop_formula(family, best, ws, ripple, attenuation)) > order:
             continue
         measured = losses(design(family, order, ripple, attenuation, unwarped(best), BANDSTOP), edges, BANDSTOP)
-        assert meets(measured, ripple, attenuation, SLACK[family]), f"{edges} {ripple} {attenuation}: {order} has losses {measured}"
+        assert meets(measured, ripple, attenuation, SLACK[family]), (
+            f"{edges} {ripple} {attenuation}: order {order} has losses {measured}"
+        )
     assert short > 10
 
 
@@ -305,5 +307,7 @@ def test_keeps_chebyshev2_bandpass_edges_that_are_not_those_of_the_order():
         root = math.sqrt(half * half + wp[0] * wp[1])
         mirrored = unwarped([root - half, root + half])
         measured = losses(design(CHEBYSHEV2, order, ripple, attenuation, mirrored, BANDPASS), edges, BANDPASS)
-        assert meets(measured, ripple, attenuation, slack), f"{edges} {ripple} {attenuation}: {order} has losses {measured}"
+        assert meets(measured, ripple, attenuation, slack), (
+            f"{edges} {ripple} {attenuation}: order {order} has losses {measured}"
+        )
     assert lost > 10

@@ -1,4 +1,7 @@
-"""The IIR designs, FilterMinimumOrder and Roots of the built library through ctypes; TRELVANIX_LIBRARY names the library."""
+"""The IIR designs, FilterMinimumOrder and Roots of the built library through ctypes.
+
+TRELVANIX_LIBRARY names the library.
+"""
 
 import ctypes
 import os
