@@ -1,0 +1,36 @@
+# How the tests are found and run: on this machine, or under Wine when cross compiling for Windows.
+#   trelvanix_add_gtest(TARGET [PREFIX])  registers the cases of a GoogleTest program. Under Wine the program is
+#                                         one test, because every start takes a while there.
+#   trelvanix_run_under_wine(TEST...)     to be said of every other test that starts a Windows program; does
+#                                         nothing for a native build. Without Wine such tests are skipped.
+if(CMAKE_CROSSCOMPILING)
+  # Debian ships GoogleTest for the machine itself as a library, for others as sources.
+  set(TRELVANIX_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Sources of GoogleTest")
+  set(INSTALL_GTEST OFF CACHE BOOL "Install GoogleTest")
+  set(BUILD_GMOCK OFF CACHE BOOL "Build GoogleMock")
+  add_subdirectory(${TRELVANIX_GOOGLETEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+  # Every Windows test begins with the same Wine server, which would else be started for each of them.
+  add_test(NAME wine.start COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --start)
+  add_test(NAME wine.stop COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --stop)
+  set_tests_properties(wine.start PROPERTIES FIXTURES_SETUP wine SKIP_RETURN_CODE 77)
+  set_tests_properties(wine.stop PROPERTIES FIXTURES_CLEANUP wine SKIP_RETURN_CODE 77)
+else()
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+endif()
+
+function(trelvanix_run_under_wine)
+  if(CMAKE_CROSSCOMPILING)
+    set_tests_properties(${ARGN} PROPERTIES FIXTURES_REQUIRED wine SKIP_RETURN_CODE 77)
+  endif()
+endfunction()
+
+function(trelvanix_add_gtest target)
+  if(CMAKE_CROSSCOMPILING)
+    add_test(NAME ${ARGV1}${target} COMMAND ${target})
+    trelvanix_run_under_wine(${ARGV1}${target})
+  else()
+    gtest_discover_tests(${target} TEST_PREFIX "${ARGV1}")
+  endif()
+endfunction()
