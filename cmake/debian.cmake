@@ -1,0 +1,65 @@
+# Two Debian packages: libtrelvanix1, whose number is the library's binary interface, and libtrelvanix-dev.
+set(runtimePackage libtrelvanix${PROJECT_VERSION_MAJOR})
+set(developmentPackage libtrelvanix-dev)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SOURCE trelvanix)
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtimePackage})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+file(WRITE ${PROJECT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/debian/triggers)
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${developmentPackage})
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtimePackage} (= ${PROJECT_VERSION})")
+
+set(about "Trelvanix designs FIR and IIR filters, applies them, computes Fourier
+transforms and finds polynomial roots, behind a flat C interface of twenty
+functions.")
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
+  "Numerical signal processing behind a C interface - library\n${about}")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
+  "Numerical signal processing behind a C interface - development files\n${about}
+.
+This package has the header, the CMake package and the pkg-config file.")
+
+file(STRINGS ${PROJECT_SOURCE_DIR}/LICENSE copyrightLine REGEX "^Copyright ")
+file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
+string(REGEX REPLACE "^MIT License\n\nCopyright [^\n]*\n\n" "" licence "${licence}")
+string(REGEX REPLACE "\n$" "" licence "${licence}")
+string(REPLACE "\n\n" "\n.\n" licence "${licence}")
+string(REPLACE "\n" "\n " licence " ${licence}")
+string(REGEX REPLACE "^Copyright \\(c\\) " "" copyrightHolder "${copyrightLine}")
+file(WRITE ${PROJECT_BINARY_DIR}/debian/copyright
+"Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/
+Upstream-Name: Trelvanix
+
+Files: *
+Copyright: ${copyrightHolder}
+License: Expat
+${licence}
+")
+
+# The changes stand in CHANGELOG.md; Debian's own format says no more than the version.
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
+file(WRITE ${PROJECT_BINARY_DIR}/debian/changelog
+"trelvanix (${PROJECT_VERSION}) stable; urgency=medium
+
+  * Version ${PROJECT_VERSION}. The list of changes is CHANGELOG.md of the sources.
+
+ -- ${CPACK_PACKAGE_CONTACT}  ${date}
+")
+execute_process(COMMAND gzip -9nf changelog
+  WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/debian COMMAND_ERROR_IS_FATAL ANY)
+
+foreach(component runtime development)
+  install(FILES ${PROJECT_BINARY_DIR}/debian/copyright ${PROJECT_BINARY_DIR}/debian/changelog.gz
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${${component}Package} COMPONENT ${component})
+endforeach()

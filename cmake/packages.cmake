@@ -1,0 +1,25 @@
+# Packages, made by cpack: an archive (.tar.gz, for Windows .zip), or Debian packages with the option
+# TRELVANIX_DEBIAN_PACKAGES, which lays files out as Debian has them.
+string(TOLOWER ${CMAKE_SYSTEM_NAME} packageSystem)
+set(CPACK_PACKAGE_NAME trelvanix)
+set(CPACK_PACKAGE_VENDOR "The Trelvanix authors")
+set(CPACK_PACKAGE_CONTACT "The Trelvanix authors <maintainers@trelvanix.org>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Numerical signal processing behind a C interface")
+set(CPACK_PACKAGE_FILE_NAME trelvanix-${PROJECT_VERSION}-${packageSystem}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_COMPONENTS_ALL runtime development)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+if(TRELVANIX_DEBIAN_PACKAGES)
+  set(CPACK_GENERATOR DEB)
+  include(${CMAKE_CURRENT_LIST_DIR}/debian.cmake)
+elseif(WIN32)
+  set(CPACK_GENERATOR ZIP)
+else()
+  set(CPACK_GENERATOR TGZ)
+endif()
+include(CPack)

@@ -1,0 +1,56 @@
+# Shell functions that build and run hosts of an installed Trelvanix. Expects the variables source, cc, cxx and
+# version; for a cross build also toolchain (file) and emulator (command).
+
+# Runs a program and compares what it prints with what every first filter prints.
+expect_first_filter() {
+  local printed
+  printed=$("$@" | tr -d '\r')
+  [ "$printed" = "$(cat "$source/examples/first_filter_expected.txt")" ] ||
+    { printf '%s printed:\n%s\n' "$*" "$printed" >&2; return 1; }
+}
+
+configure_consumer() { # PREFIX FOLDER VERSION
+  local compilers=(-DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx")
+  [ -z "${toolchain:-}" ] || compilers=(-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH="$1")
+  cmake -S "$source/tests/package/consumer" -B "$2" "${compilers[@]}" -DEXAMPLES="$source/examples" \
+    -DVERSION="$3" -DCMAKE_PREFIX_PATH="$1"
+}
+
+# By find_package, with its version check: PREFIX is where Trelvanix is installed.
+check_cmake_consumer() { # PREFIX FOLDER
+  configure_consumer "$1" "$2" "$version"
+  grep -q "^Trelvanix_DIR:PATH=$1/" "$2/CMakeCache.txt" ||
+    { echo "found another Trelvanix than that of $1" >&2; return 1; }
+  cmake --build "$2"
+  local program
+  for program in "$2"/first_filter_c "$2"/first_filter_cpp; do
+    if [ -n "${toolchain:-}" ]; then
+      cp "$1/bin/Trelvanix.dll" "$2"
+      expect_first_filter $emulator "$program.exe"
+    else
+      expect_first_filter "$program"
+    fi
+  done
+  local other=$((${version%%.*} + 1)).0
+  if configure_consumer "$1" "$2-other-major" "$other" >"$2-other-major.log" 2>&1; then
+    echo "find_package accepted $version where $other was wanted" >&2
+    return 1
+  fi
+  grep -q "version: $version" "$2-other-major.log" ||
+    { echo "not refused for its version:" >&2; cat "$2-other-major.log" >&2; return 1; }
+}
+
+# By pkg-config: LIBRARIES is the folder of the library.
+check_pkg_config_consumer() { # LIBRARIES FOLDER
+  local flags
+  mkdir -p "$2"
+  export PKG_CONFIG_PATH=$1/pkgconfig
+  [ "$(pkg-config --modversion trelvanix)" = "$version" ]
+  read -ra flags <<<"$(pkg-config --cflags --libs trelvanix)"
+  [ "$(realpath "$(pkg-config --variable=libdir trelvanix)")" = "$(realpath "$1")" ] ||
+    { echo "pkg-config points to $(pkg-config --variable=libdir trelvanix), not $1" >&2; return 1; }
+  "$cc" -std=c11 -o "$2/first_filter_c" "$source/examples/first_filter.c" "${flags[@]}"
+  "$cxx" -std=c++20 -o "$2/first_filter_cpp" "$source/examples/first_filter.cpp" "${flags[@]}"
+  expect_first_filter env LD_LIBRARY_PATH="$1" "$2/first_filter_c"
+  expect_first_filter env LD_LIBRARY_PATH="$1" "$2/first_filter_cpp"
+}
