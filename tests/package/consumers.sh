@@ -1,5 +1,5 @@
-# Shell functions that build and run hosts of an installed Trelvanix. Expects the variables source, cc, cxx and
-# version; for a cross build also toolchain (file) and emulator (command).
+# Shell functions that build and run hosts of an installed Trelvanix. Expects the variables source and version,
+# and cc and cxx, or for a cross build toolchain (a file) and emulator (a command).
 
 # Runs a program and compares what it prints with what every first filter prints.
 expect_first_filter() {
@@ -10,8 +10,13 @@ expect_first_filter() {
 }
 
 configure_consumer() { # PREFIX FOLDER VERSION
-  local compilers=(-DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx")
-  [ -z "${toolchain:-}" ] || compilers=(-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH="$1")
+  local compilers
+  if [ -n "${toolchain:-}" ]; then
+    # Cross builds look for packages among those of the target system alone.
+    compilers=(-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
+  else
+    compilers=(-DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx")
+  fi
   cmake -S "$source/tests/package/consumer" -B "$2" "${compilers[@]}" -DEXAMPLES="$source/examples" \
     -DVERSION="$3" -DCMAKE_PREFIX_PATH="$1"
 }
