@@ -12,7 +12,9 @@ test_packages=(
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
   libbenchmark-dev                                 # benchmarks
   clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
-  g++-mingw-w64-x86-64-posix                       # Windows cross build
+  g++-mingw-w64-x86-64-posix googletest            # Windows cross build and its tests
+  dpkg-dev file lintian pkg-config                 # Debian packages, hosts built by pkg-config
+  abigail-tools                                    # description of the binary interface
   gfortran mono-mcs mono-runtime libjna-java       # example hosts in Fortran, C# and Java
 )
 # Tools of the example hosts that a machine may well have from elsewhere.
@@ -20,21 +22,32 @@ for tool in javac:default-jdk-headless node:nodejs npm:npm rustc:rustc; do
   command -v "${tool%%:*}" >/dev/null || test_packages+=("${tool#*:}")
 done
 
-packages=()
+# Tests that need one of these are skipped where it can't be had.
+optional_test_packages=(
+  wine wine64                                      # runs the tests of the Windows DLL
+)
+
+packages=() optional_packages=()
 for job in "$@"; do
   case $job in
     demo) packages+=("${demo_packages[@]}") ;;
-    test) packages+=("${test_packages[@]}") ;;
+    test) packages+=("${test_packages[@]}") optional_packages+=("${optional_test_packages[@]}") ;;
     *) echo "install_packages.sh: unknown job '$job'; it is demo or test" >&2; exit 2 ;;
   esac
 done
 
-missing=()
+is_missing() {
+  [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null || true)" != installed ]
+}
+
+missing=() optional_missing=()
 for package in "${packages[@]}"; do
-  status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
-  [ "$status" = installed ] || missing+=("$package")
+  ! is_missing "$package" || missing+=("$package")
 done
-[ ${#missing[@]} -gt 0 ] || exit 0
+for package in "${optional_packages[@]}"; do
+  ! is_missing "$package" || optional_missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || [ ${#optional_missing[@]} -gt 0 ] || exit 0
 
 as_root=()
 if [ "$(id -u)" -ne 0 ]; then
@@ -46,12 +59,18 @@ if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)
 fi
 
-echo "Installing Debian packages: ${missing[*]}"
+install() {
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@"
+}
+
+echo "Installing Debian packages: ${missing[*]} ${optional_missing[*]}"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
-if ! { "${as_root[@]}" apt-get update -qq &&
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+if ! { "${as_root[@]}" apt-get update -qq && install "${missing[@]}"; } >"$log" 2>&1; then
   cat "$log" >&2
   exit 1
+fi
+if [ ${#optional_missing[@]} -gt 0 ] && ! install "${optional_missing[@]}" >"$log" 2>&1; then
+  tail -n 3 "$log" >&2
+  echo "Not installed: ${optional_missing[*]}; the tests that need them will be skipped." >&2
 fi

@@ -1,10 +1,25 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: GCC, Clang, sanitizers, style, the Windows cross build and the
-# demonstration. Installs the Debian packages that are missing (as root, or with sudo).
+# Builds everything and runs every test: GCC, Clang, packages, sanitizers, the Windows DLL under Wine, style and
+# the demonstration. Installs the Debian packages that are missing (as root, or with sudo).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-step() { printf '\n== %s\n' "$*"; }
+# Starts a step; the end of the run tells what each of them took.
+steps=() starts=()
+step() {
+  printf '\n== %s\n' "$*"
+  steps+=("$*") starts+=("$SECONDS")
+}
+
+print_step_times() {
+  local i
+  starts+=("$SECONDS")
+  printf '\n'
+  for i in "${!steps[@]}"; do
+    printf '%5d s  %s\n' $((starts[i + 1] - starts[i])) "${steps[i]}"
+  done
+  printf '%5d s  all together\n' "$SECONDS"
+}
 
 # Quiet while all goes well.
 quietly() {
@@ -27,9 +42,10 @@ run_tests() {
   ctest --preset "$1" --parallel "$(nproc)" --progress
 }
 
+step "Debian packages that are missing"
 scripts/install_packages.sh test
 
-step "GCC: build with warnings as errors, all tests"
+step "GCC: build with warnings as errors, all tests, packages"
 build release
 run_tests release
 
@@ -49,8 +65,9 @@ step "Memory sanitizer: every result was computed"
 build msan
 build/msan/tests/abi/trelvanix_memory_host
 
-step "Windows DLL: cross build"
+step "Windows DLL: cross build with warnings as errors, all tests under Wine"
 build mingw
+run_tests mingw
 
 step "Style: clang-format, clang-tidy"
 scripts/check_style.sh
@@ -58,4 +75,5 @@ scripts/check_style.sh
 step "Demonstration"
 scripts/demo.sh
 
-step "All tests passed"
+print_step_times
+printf '\n== All tests passed\n'

@@ -1,15 +1,14 @@
-// MinGW-w64 computes these functions on the x87 unit and counts on its 64-bit significand. A thread has
-// that only if MinGW's own start code ran in it: Windows starts threads with 53 bits, where pow is off by
-// hundreds of units in the last place, and hosts may set 24. So the linker (--wrap in src/CMakeLists.txt)
-// leads the calls of these functions here, and results don't depend on the thread that asks for them.
+// MinGW-w64's own exp, log, pow, asinh and acosh are computed on the x87 unit and count on its 64-bit
+// significand. A thread has that only if MinGW's start code ran in it: Windows starts threads with 53 bits,
+// where pow is off by hundreds of units in the last place, and hosts may set 24. Even with 64 bits pow with an
+// integer exponent multiplies doubles (off by 26 units), and acosh loses digits close to 1.
+//
+// So the linker (--wrap in src/CMakeLists.txt) leads the calls of these functions here, where the long double
+// twins compute them with 64 bits, whatever the host has set. tools/measure_math_functions.py measures them.
+#include <cmath>
 #include <cstdint>
 
 extern "C" {
-double __real_exp(double x);
-double __real_log(double x);
-double __real_asinh(double x);
-double __real_acosh(double x);
-double __real_pow(double x, double y);
 double __wrap_exp(double x);
 double __wrap_log(double x);
 double __wrap_asinh(double x);
@@ -51,29 +50,31 @@ private:
 double __wrap_exp(double x)
 {
     const ExtendedPrecision precision;
-    return __real_exp(x);
+    return static_cast<double>(expl(x));
 }
 
 double __wrap_log(double x)
 {
     const ExtendedPrecision precision;
-    return __real_log(x);
+    return static_cast<double>(logl(x));
 }
 
 double __wrap_asinh(double x)
 {
     const ExtendedPrecision precision;
-    return __real_asinh(x);
+    return static_cast<double>(asinhl(x));
 }
 
 double __wrap_acosh(double x)
 {
     const ExtendedPrecision precision;
-    return __real_acosh(x);
+    // Its long double twin loses digits close to 1, too.
+    const long double above = static_cast<long double>(x) - 1.0L;
+    return static_cast<double>(log1pl(above + sqrtl(above * (above + 2.0L))));
 }
 
 double __wrap_pow(double x, double y)
 {
     const ExtendedPrecision precision;
-    return __real_pow(x, y);
+    return static_cast<double>(powl(x, y));
 }

@@ -5,7 +5,7 @@
 expect_first_filter() {
   local printed
   printed=$("$@" | tr -d '\r')
-  [ "$printed" = "$(cat "$source/examples/first_filter_expected.txt")" ] ||
+  [ "$printed" = "$(cat "$source/examples/hosts/first_filter_expected.txt")" ] ||
     { printf '%s printed:\n%s\n' "$*" "$printed" >&2; return 1; }
 }
 
@@ -17,7 +17,7 @@ configure_consumer() { # PREFIX FOLDER VERSION
   else
     compilers=(-DCMAKE_C_COMPILER="$cc" -DCMAKE_CXX_COMPILER="$cxx")
   fi
-  cmake -S "$source/tests/package/consumer" -B "$2" "${compilers[@]}" -DEXAMPLES="$source/examples" \
+  cmake -S "$source/tests/package/consumer" -B "$2" "${compilers[@]}" -DEXAMPLES="$source/examples/hosts" \
     -DVERSION="$3" -DCMAKE_PREFIX_PATH="$1"
 }
 
@@ -54,8 +54,8 @@ check_pkg_config_consumer() { # LIBRARIES FOLDER
   read -ra flags <<<"$(pkg-config --cflags --libs trelvanix)"
   [ "$(realpath "$(pkg-config --variable=libdir trelvanix)")" = "$(realpath "$1")" ] ||
     { echo "pkg-config points to $(pkg-config --variable=libdir trelvanix), not $1" >&2; return 1; }
-  "$cc" -std=c11 -o "$2/first_filter_c" "$source/examples/first_filter.c" "${flags[@]}"
-  "$cxx" -std=c++20 -o "$2/first_filter_cpp" "$source/examples/first_filter.cpp" "${flags[@]}"
+  "$cc" -std=c11 -o "$2/first_filter_c" "$source/examples/hosts/first_filter.c" "${flags[@]}"
+  "$cxx" -std=c++20 -o "$2/first_filter_cpp" "$source/examples/hosts/first_filter.cpp" "${flags[@]}"
   expect_first_filter env LD_LIBRARY_PATH="$1" "$2/first_filter_c"
   expect_first_filter env LD_LIBRARY_PATH="$1" "$2/first_filter_cpp"
 }
