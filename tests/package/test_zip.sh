@@ -26,4 +26,6 @@ share/doc/Trelvanix/CHANGELOG.md
 share/doc/Trelvanix/LICENSE
 share/doc/Trelvanix/README.md"
 [ "$found" = "$expected" ] || { diff <(echo "$expected") <(echo "$found") >&2; exit 1; }
+
+command -v wine >/dev/null || { echo "skipped: the hosts can't run, wine is not installed"; exit 77; }
 check_cmake_consumer "$prefix" "$work/consumer"
