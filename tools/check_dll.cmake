@@ -1,6 +1,9 @@
-# Checks that a DLL exports exactly the names of the list and imports from Windows' own DLLs alone.
-#   cmake -DOBJDUMP=<objdump> -DLIBRARY=<Trelvanix.dll> -DEXPORTS=<exports.txt> -P check_dll.cmake
+# Checks that a DLL exports exactly the names of the list, that the header declares them, and that it imports
+# from Windows' own DLLs alone.
+#   cmake -DOBJDUMP=<objdump> -DLIBRARY=<Trelvanix.dll> -DEXPORTS=<exports.txt> -DHEADER=<trelvanix.h>
+#         -P check_dll.cmake
 cmake_minimum_required(VERSION 3.22)
+include(${CMAKE_CURRENT_LIST_DIR}/expected_exports.cmake)
 
 # The kernel and the C runtime are part of every Windows.
 set(systemLibraries "^(KERNEL32|msvcrt|ucrtbase|api-ms-win-crt-[a-z0-9-]+)\\.dll$")
@@ -20,8 +23,6 @@ foreach(line IN LISTS imports)
   endif()
 endforeach()
 
-file(STRINGS ${EXPORTS} expected)
-list(SORT expected)
 string(REGEX MATCH "\\|Ordinal/Name Pointer\\| Table\n(\t\\|[^\n]*\n)*" table "${dump}")
 string(REGEX MATCHALL "\t[^\n]+" exported "${table}")
 list(TRANSFORM exported REPLACE "^.*\\| " "")

@@ -2,13 +2,7 @@
 #   cmake -DNM=<nm> -DLIBRARY=<libTrelvanix.so> -DEXPORTS=<exports.txt> -DHEADER=<trelvanix.h>
 #         -P check_exports.cmake
 cmake_minimum_required(VERSION 3.22)
-
-file(STRINGS ${EXPORTS} expected)
-list(SORT expected)
-list(LENGTH expected expectedCount)
-if(NOT expectedCount EQUAL 20)
-  message(SEND_ERROR "the list has ${expectedCount} names, not twenty")
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/expected_exports.cmake)
 
 execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY}
   OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
@@ -21,15 +15,4 @@ endforeach()
 list(SORT exported)
 if(NOT exported STREQUAL expected)
   message(SEND_ERROR "exported: ${exported}\nexpected: ${expected}")
-endif()
-
-file(STRINGS ${HEADER} declarations REGEX "^TRELVANIX_API ")
-set(declared)
-foreach(line IN LISTS declarations)
-  string(REGEX REPLACE "^TRELVANIX_API [a-z]+\\*? ([A-Za-z0-9]+)\\(.*$" "\\1" name "${line}")
-  list(APPEND declared ${name})
-endforeach()
-list(SORT declared)
-if(NOT declared STREQUAL expected)
-  message(SEND_ERROR "declared: ${declared}\nexpected: ${expected}")
 endif()
