@@ -3,7 +3,7 @@
 string(TOLOWER ${CMAKE_SYSTEM_NAME} packageSystem)
 set(CPACK_PACKAGE_NAME trelvanix)
 set(CPACK_PACKAGE_VENDOR "The Trelvanix authors")
-set(CPACK_PACKAGE_CONTACT "The Trelvanix authors <maintainers@trelvanix.org>")
+set(CPACK_PACKAGE_CONTACT "The Trelvanix authors <maintainers@trelvanix.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Numerical signal processing behind a C interface")
 set(CPACK_PACKAGE_FILE_NAME trelvanix-${PROJECT_VERSION}-${packageSystem}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
