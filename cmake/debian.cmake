@@ -23,10 +23,10 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtimePackage} (= ${PROJECT_VER
 set(about "Trelvanix designs FIR and IIR filters, applies them, computes Fourier
 transforms and finds polynomial roots, behind a flat C interface of twenty
 functions.")
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
-  "Numerical signal processing behind a C interface - library\n${about}")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION
-  "Numerical signal processing behind a C interface - development files\n${about}
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${about}
+.
+This package has the library.")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}
 .
 This package has the header, the CMake package and the pkg-config file.")
 
