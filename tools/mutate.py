@@ -1,0 +1,201 @@
+#!/usr/bin/env python3
+"""Breaks the library in one place at a time and reports which breaks the tests let pass.
+
+    tools/mutate.py --sample 300 --seed 1 [--jobs 2] [--only src/iir] [--log mutants.log]
+
+A mutant is a source file of src/ with one operator, comparison, literal or function name changed. It is
+built in a copy of the tree and run against the unit tests, then against the hosts, then against the
+Python oracles, until one fails; a test that doesn't end counts as failed. Mutants that do not compile
+are replaced by others. The exit status is 1 when fewer than 95 % were killed.
+"""
+
+import argparse
+import concurrent.futures
+import pathlib
+import queue
+import random
+import re
+import resource
+import subprocess
+import sys
+import tempfile
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+UNIT_TESTS = "tests/trelvanix_tests"
+TEST_SECONDS = 120
+TEST_BYTES = 8 << 30
+
+# clang-format puts blanks around binary operators and none inside template brackets, before pointers or
+# after signs, so a pattern with blanks finds the operators alone.
+SWAPS = [
+    (r" \+ ", " - "), (r" - ", " + "), (r" \* ", " / "), (r" / ", " * "), (r" % ", " * "),
+    (r" \+= ", " -= "), (r" -= ", " += "), (r" \*= ", " /= "), (r" /= ", " *= "),
+    (r" < ", " <= "), (r" <= ", " < "), (r" > ", " >= "), (r" >= ", " > "),
+    (r" == ", " != "), (r" != ", " == "), (r" && ", " || "), (r" \|\| ", " && "),
+    (r"\btrue\b", "false"), (r"\bfalse\b", "true"),
+    (r"\bstd::min\b", "std::max"), (r"\bstd::max\b", "std::min"),
+    (r"\bstd::sin\b", "std::cos"), (r"\bstd::cos\b", "std::sin"),
+    (r"\bstd::sinh\b", "std::cosh"), (r"\bstd::cosh\b", "std::sinh"),
+    (r"\bstd::floor\b", "std::ceil"), (r"\bstd::ceil\b", "std::floor"),
+    (r"\.real\(\)", ".imag()"), (r"\.imag\(\)", ".real()"),
+    (r"(?<=[ (])-(?=[A-Za-z_0-9(])", ""), (r"!(?=[A-Za-z_(])", ""),
+]
+NUMBER = re.compile(r"(?<![\w.])(\d+\.\d+(?:e-?\d+)?|\d+)(?![\w.])")
+
+
+def code_of(line):
+    """The line without its comment; empty for lines that hold no expression."""
+    if re.match(r"\s*(//|#|using |namespace |template |static_assert)", line):
+        return ""
+    return line.split("//")[0]
+
+
+def changed_number(text):
+    if "." in text or "e" in text:
+        return "1.0" if float(text) == 0.0 else f"({text} * 1.5)"
+    return str(int(text) + 1)
+
+
+def mutants_of(path):
+    """All mutants of a file: (path, line number, column, end, replacement)."""
+    for number, line in enumerate(path.read_text().splitlines()):
+        code = code_of(line)
+        spans = [m.span() for m in re.finditer(r'"[^"]*"', code)]
+        inside_text = lambda at: any(start < at < end for start, end in spans)
+        for pattern, replacement in SWAPS:
+            for match in re.finditer(pattern, code):
+                if not inside_text(match.start()):
+                    yield path, number, match.start(), match.end(), replacement
+        for match in NUMBER.finditer(code):
+            if not inside_text(match.start()):
+                yield path, number, match.start(), match.end(), changed_number(match.group())
+
+
+def limit_memory():
+    """For a mutant that never stops to allocate."""
+    resource.setrlimit(resource.RLIMIT_AS, (TEST_BYTES, TEST_BYTES))
+
+
+class Workshop:
+    """A copy of the tree with a build folder, where one mutant at a time is made and tried."""
+
+    def __init__(self, folder):
+        self.root = pathlib.Path(folder) / "tree"
+        subprocess.run(["git", "clone", "-q", str(ROOT), str(self.root)], check=True)
+        self.build = self.root / "build" / "mutants"
+        self.run(["cmake", "-S", str(self.root), "-B", str(self.build), "-DCMAKE_BUILD_TYPE=Release",
+                  "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
+                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF"], 300)
+        if not self.make():
+            sys.exit("the unchanged tree does not build")
+        if self.killer() is not None:
+            sys.exit(f"the unchanged tree fails: {self.killer()}")
+
+    def run(self, command, seconds):
+        try:
+            return subprocess.run(command, cwd=self.build if self.build.exists() else self.root,
+                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                                  timeout=seconds, check=False,
+                                  preexec_fn=limit_memory).returncode == 0
+        except subprocess.TimeoutExpired:
+            return False
+
+    def make(self):
+        return self.run(["cmake", "--build", str(self.build)], 900)
+
+    def killer(self):
+        """The first group of tests that fails, or None."""
+        if not self.run([str(self.build / UNIT_TESTS), "--gtest_fail_fast", "--gtest_brief=1"],
+                        TEST_SECONDS):
+            return "unit tests"
+        for group in ("abi", "peer"):
+            if not self.run(["ctest", "-R", rf"^{group}\.", "--stop-on-failure", "--timeout",
+                             str(TEST_SECONDS)], 10 * TEST_SECONDS):
+                return group
+        return None
+
+    def try_mutant(self, mutant):
+        """What killed it: a group of tests, None for a survivor, "compiler" for one that doesn't build."""
+        path, number, start, end, replacement = mutant
+        target = self.root / path.relative_to(ROOT)
+        original = target.read_text()
+        lines = original.splitlines(keepends=True)
+        lines[number] = lines[number][:start] + replacement + lines[number][end:]
+        target.write_text("".join(lines))
+        try:
+            return self.killer() if self.make() else "compiler"
+        finally:
+            target.write_text(original)
+
+
+def describe(mutant):
+    path, number, start, end, replacement = mutant
+    line = path.read_text().splitlines()[number]
+    return (f"{path.relative_to(ROOT)}:{number + 1}: {line.strip()}"
+            f"   [{line[start:end].strip()} -> {replacement.strip() or 'nothing'}]")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
+    parser.add_argument("--sample", type=int, default=300)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("--only", default="src", help="folder or file, relative to the tree")
+    parser.add_argument("--log", default="mutants.log")
+    arguments = parser.parse_args()
+
+    only = ROOT / arguments.only
+    files = [only] if only.is_file() else sorted(only.rglob("*.cpp")) + sorted(only.rglob("*.h"))
+    mutants = [mutant for path in files for mutant in mutants_of(path)]
+    random.Random(arguments.seed).shuffle(mutants)
+    waiting = iter(mutants)
+    print(f"{len(mutants)} possible mutants in {len(files)} files, sample of {arguments.sample}")
+
+    tally = {}
+    survivors = []
+    with tempfile.TemporaryDirectory() as folder, open(arguments.log, "w") as log:
+        workshops = queue.SimpleQueue()
+        for job in range(arguments.jobs):
+            workshops.put(Workshop(pathlib.Path(folder) / str(job)))
+
+        def work(mutant):
+            workshop = workshops.get()
+            try:
+                return mutant, workshop.try_mutant(mutant)
+            finally:
+                workshops.put(workshop)
+
+        with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+            tried = 0
+            running = set()
+            while tried < arguments.sample:
+                while len(running) < arguments.jobs and (mutant := next(waiting, None)):
+                    running.add(pool.submit(work, mutant))
+                if not running:
+                    break
+                done, running = concurrent.futures.wait(
+                    running, return_when=concurrent.futures.FIRST_COMPLETED)
+                for future in done:
+                    mutant, killer = future.result()
+                    print(f"{killer or 'SURVIVED'}: {describe(mutant)}", file=log, flush=True)
+                    if killer == "compiler":
+                        continue
+                    tried += 1
+                    tally[killer] = tally.get(killer, 0) + 1
+                    if killer is None:
+                        survivors.append(mutant)
+                    print(f"\r{tried} of {arguments.sample}, {len(survivors)} survive", end="",
+                          flush=True)
+    print()
+    for killer, count in sorted(tally.items(), key=str):
+        print(f"  {killer or 'survived'}: {count}")
+    for mutant in survivors:
+        print(describe(mutant))
+    total = sum(tally.values())
+    killed = total - len(survivors)
+    print(f"killed {killed} of {total}, {100.0 * killed / max(total, 1):.1f} %")
+    return 0 if killed >= 0.95 * total else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
