@@ -13,6 +13,11 @@ else()
     # These two change no value: nobody reads errno or the floating-point exception flags.
     -fno-math-errno
     -fno-trapping-math)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # Where the target has fused multiply-adds, GCC's vectoriser makes use of them for complex products
+    # in spite of -ffp-contract=off. Kernels name their vectors themselves and lose nothing without it.
+    target_compile_options(trelvanix_arithmetic INTERFACE -fno-tree-vectorize -fno-tree-slp-vectorize)
+  endif()
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|x86_64|AMD64)$")
     # The 80-bit registers of the x87 unit would round twice.
     target_compile_options(trelvanix_arithmetic INTERFACE -msse2 -mfpmath=sse)

@@ -6,14 +6,9 @@
 
 set(trelvanixInstructionSets baseline avx2 avx512)
 if(NOT MSVC AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|x86_64|AMD64)$")
-  # Without -mfma, so that no multiply-add can fuse. AVX-512 brings fused forms of its own, and GCC's
-  # vectoriser makes use of them for complex products in spite of -ffp-contract=off; kernels name their
-  # vectors themselves and lose nothing without it.
+  # Without -mfma, so that no multiply-add can fuse.
   set(trelvanix_avx2_options -mavx2)
   set(trelvanix_avx512_options -mavx512f -mavx512dq -mavx512vl -mavx512bw)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    list(APPEND trelvanix_avx512_options -fno-tree-vectorize)
-  endif()
   if(MINGW)
     # On 64-bit Windows GCC aligns the stack to 16 bytes only, so spilled vectors must not be moved by
     # instructions that demand more.
