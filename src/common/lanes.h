@@ -12,6 +12,7 @@
 // the test "kernels" watches.
 
 #include <cstring>
+#include <utility>
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 {
@@ -32,6 +33,19 @@ using Lanes = double __attribute__((vector_size(laneCount * sizeof(double))));
 TRELVANIX_INLINE Lanes Broadcast(double value)
 {
     return value - Lanes{}; // value - 0 is value, the sign of a zero included
+}
+
+template <class Pick, int... lane>
+TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, std::integer_sequence<int, lane...>)
+{
+    return __builtin_shufflevector(x, y, Pick{}(lane)...);
+}
+
+// Lane i of the result is lane pick(i) of x and y taken together, x first. pick captures nothing.
+template <class Pick>
+TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick)
+{
+    return PickLanes<Pick>(x, y, std::make_integer_sequence<int, laneCount>{});
 }
 #else
 #define TRELVANIX_INLINE static inline
@@ -58,6 +72,15 @@ TRELVANIX_INLINE Lanes Broadcast(double value)
     Lanes lanes;
     for (double& lane : lanes.lane)
         lane = value;
+    return lanes;
+}
+
+template <class Pick>
+TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick pick)
+{
+    Lanes lanes;
+    for (int i = 0; i < laneCount; ++i)
+        lanes.lane[i] = pick(i) < laneCount ? x.lane[pick(i)] : y.lane[pick(i) - laneCount];
     return lanes;
 }
 #endif

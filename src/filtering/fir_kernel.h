@@ -6,10 +6,11 @@
 namespace trelvanix
 {
 
-// output[n] = sum over k of samples[n + k] h[k], k increasing, from 0.0. Reads outputCount + tapCount - 1
-// samples; output and the inputs don't overlap.
-using CorrelateKernel = void(const double* samples, const double* h, int tapCount,
-                             std::int64_t outputCount, double* output);
+// output[n] = sum over k of signal[n - tapCount + 1 + k] h[k], k increasing, from 0.0, for signalLength
+// outputs. Samples before the signal are zeros, and their products take place like all others. output
+// and the inputs don't overlap.
+using CorrelateKernel = void(const double* signal, const double* h, std::int64_t signalLength,
+                             std::int64_t tapCount, double* output);
 
 namespace baseline
 {

@@ -61,6 +61,33 @@ public:
         return samples;
     }
 
+    // Plain samples mixed with signed zeros and denormals; sums of their products stay finite.
+    std::vector<double> Tiny(std::size_t count)
+    {
+        using Limits = std::numeric_limits<double>;
+        constexpr std::array special = {0.0, -0.0, Limits::denorm_min(), Limits::min(),
+                                        -Limits::min() / 3.0};
+        std::vector<double> samples = Plain(count);
+        for (double& sample : samples) {
+            if (NextBelow(3) != 0)
+                sample = special[static_cast<std::size_t>(NextBelow(special.size()))];
+        }
+        return samples;
+    }
+
+    // Plain samples with one infinity or not-a-number among them.
+    std::vector<double> OneHostile(std::size_t count)
+    {
+        using Limits = std::numeric_limits<double>;
+        constexpr std::array special = {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()};
+        std::vector<double> samples = Plain(count);
+        if (count > 0) {
+            samples[static_cast<std::size_t>(NextBelow(static_cast<int>(count)))] =
+                special[static_cast<std::size_t>(NextBelow(special.size()))];
+        }
+        return samples;
+    }
+
 private:
     std::mt19937 generator;
 };

@@ -1,0 +1,30 @@
+#ifndef TRELVANIX_FILTERING_IIR_KERNEL_H
+#define TRELVANIX_FILTERING_IIR_KERNEL_H
+
+#include <cstdint>
+
+namespace trelvanix
+{
+
+// y[n] = sum over k of x[n - k] b[k] from 0.0, less y[n - k] a[k] for k >= 1 one after the other, k
+// increasing in both, for count outputs. The coefCount - 1 elements before x and before y are read;
+// y and the inputs don't overlap.
+using RecurseKernel = void(const double* x, const double* b, const double* a, int coefCount,
+                           std::int64_t count, double* y);
+
+namespace baseline
+{
+RecurseKernel Recurse;
+}
+namespace avx2
+{
+RecurseKernel Recurse;
+}
+namespace avx512
+{
+RecurseKernel Recurse;
+}
+
+} // namespace trelvanix
+
+#endif
