@@ -67,6 +67,13 @@ TRELVANIX_LANES_OPERATOR(*)
 TRELVANIX_LANES_OPERATOR(/)
 #undef TRELVANIX_LANES_OPERATOR
 
+TRELVANIX_INLINE Lanes operator-(Lanes x)
+{
+    for (double& lane : x.lane)
+        lane = -lane;
+    return x;
+}
+
 TRELVANIX_INLINE Lanes Broadcast(double value)
 {
     Lanes lanes;

@@ -44,6 +44,11 @@ inline std::size_t AtLeastOne(int count)
     return count > 0 ? static_cast<std::size_t>(count) : 1;
 }
 
+inline void* AllocateForVectors(std::size_t size)
+{
+    return std::malloc(size);
+}
+
 } // namespace detail
 
 // An array of count doubles, not cleared: the caller writes every element. 0 gives an array too.
@@ -60,6 +65,20 @@ inline ResultArray NewComplexResultArray(int count)
 {
     detail::CheckCount(count, 2 * sizeof(double));
     return detail::Owned(std::calloc(detail::AtLeastOne(count), 2 * sizeof(double)));
+}
+
+// Not cleared: for a caller that writes every element.
+inline ResultArray NewUnclearedComplexResultArray(int count)
+{
+    detail::CheckCount(count, 2 * sizeof(double));
+    return detail::Owned(detail::AllocateForVectors(detail::AtLeastOne(count) * 2 * sizeof(double)));
+}
+
+// Work memory of count complex elements, not cleared.
+inline ResultArray NewComplexWorkArray(std::int64_t count)
+{
+    return detail::Owned(
+        detail::AllocateForVectors(static_cast<std::size_t>(count) * 2 * sizeof(double)));
 }
 
 } // namespace trelvanix

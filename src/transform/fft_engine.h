@@ -1,6 +1,8 @@
 #ifndef TRELVANIX_TRANSFORM_FFT_ENGINE_H
 #define TRELVANIX_TRANSFORM_FFT_ENGINE_H
 
+#include <cstdint>
+
 namespace trelvanix
 {
 
@@ -16,9 +18,17 @@ namespace trelvanix
 // are those at bitreverse(i) (m bits) for i = 0 .. n - 2^m - 1. This is what hosts have always got for
 // such lengths, and it stays.
 //
-// Errors: std::bad_alloc from the table of 2^(m-1) twiddles. Numbers are not checked.
+// Errors: std::bad_alloc from the table of twiddles, 2^(m-1) complex elements. Numbers are not checked.
 // Source: Gentleman & Sande 1966.
 void ForwardTransform(const double* input, double* output, int n);
+
+// The forward transform of the conjugated input, both parts of every element divided by n.
+void ConjugateTransform(const double* input, double* output, int n);
+
+// The forward transform of n real numbers, x[0 .. count - 1] cut or followed by zeros, into arrays of the
+// real and the imaginary parts. They may overlap x, which is read before they are written. Needs another
+// 2^m complex elements of memory.
+void RealTransform(const double* x, std::int64_t count, double* outReal, double* outImag, int n);
 
 } // namespace trelvanix
 
