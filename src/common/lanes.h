@@ -27,6 +27,7 @@ constexpr int laneCount = 2;
 
 #if defined(__GNUC__)
 #define TRELVANIX_INLINE static inline __attribute__((always_inline))
+#define TRELVANIX_PREFETCH(p) __builtin_prefetch(p)
 
 using Lanes = double __attribute__((vector_size(laneCount * sizeof(double))));
 
@@ -49,6 +50,7 @@ TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick)
 }
 #else
 #define TRELVANIX_INLINE static inline
+#define TRELVANIX_PREFETCH(p) static_cast<void>(p)
 
 struct Lanes {
     double lane[laneCount];
@@ -91,6 +93,13 @@ TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick pick)
     return lanes;
 }
 #endif
+
+// Tells the processor that the cache line of p is wanted soon.
+TRELVANIX_INLINE void Prefetch(const double* p)
+{
+    TRELVANIX_PREFETCH(p);
+}
+#undef TRELVANIX_PREFETCH
 
 TRELVANIX_INLINE Lanes Load(const double* p)
 {

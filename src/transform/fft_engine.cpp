@@ -39,31 +39,58 @@ std::int64_t TransformSize(int n)
     return std::bit_floor(static_cast<std::uint32_t>(n));
 }
 
-void TransformInterleaved(const double* input, double* output, int n,
-                          TransformComplexKernel* transform)
+// Work memory for count complex elements: on the stack where the heap would take a noticeable part of
+// the time.
+class WorkArray
 {
-    if (n < 1)
-        return;
-    const std::int64_t size = TransformSize(n);
-    const ResultArray twiddles = NewComplexWorkArray(size / 2);
-    transform(input, output, size, n, twiddles.get());
-    ZeroForOtherLengths(output, size, n, 2);
+public:
+    explicit WorkArray(std::int64_t count)
+        : large(count > smallCount ? NewComplexWorkArray(count) : nullptr)
+    {
+    }
+
+    double* Data()
+    {
+        return large ? large.get() : small;
+    }
+
+private:
+    static constexpr std::int64_t smallCount = 512;
+    alignas(64) double small[2 * smallCount];
+    ResultArray large;
+};
+
+// The twin of a kernel for this processor and a transform of this size: small ones don't fill the widest
+// vectors.
+template <class Kernel>
+Kernel* Choose(std::int64_t size, Kernel* baseline, Kernel* avx2, Kernel* avx512)
+{
+    constexpr std::int64_t smallest = 128;
+    return ForInstructionSet(BestInstructionSet(), baseline, avx2, size < smallest ? avx2 : avx512);
 }
 
 } // namespace
 
 void ForwardTransform(const double* input, double* output, int n)
 {
-    TransformInterleaved(input, output, n,
-                         ForInstructionSet(BestInstructionSet(), baseline::TransformComplex,
-                                           avx2::TransformComplex, avx512::TransformComplex));
+    if (n < 1)
+        return;
+    const std::int64_t size = TransformSize(n);
+    WorkArray twiddles(size / 2);
+    Choose(size, baseline::TransformComplex, avx2::TransformComplex,
+           avx512::TransformComplex)(input, output, size, n, twiddles.Data());
+    ZeroForOtherLengths(output, size, n, 2);
 }
 
 void ConjugateTransform(const double* input, double* output, int n)
 {
-    TransformInterleaved(input, output, n,
-                         ForInstructionSet(BestInstructionSet(), baseline::TransformConjugate,
-                                           avx2::TransformConjugate, avx512::TransformConjugate));
+    if (n < 1)
+        return;
+    const std::int64_t size = TransformSize(n);
+    WorkArray twiddles(size / 2);
+    Choose(size, baseline::TransformConjugate, avx2::TransformConjugate,
+           avx512::TransformConjugate)(input, output, size, n, twiddles.Data());
+    ZeroForOtherLengths(output, size, n, 2);
 }
 
 void RealTransform(const double* x, std::int64_t count, double* outReal, double* outImag, int n)
@@ -71,10 +98,9 @@ void RealTransform(const double* x, std::int64_t count, double* outReal, double*
     if (n < 1)
         return;
     const std::int64_t size = TransformSize(n);
-    const ResultArray work = NewComplexWorkArray(size + size / 2);
-    TransformRealKernel* const transform = ForInstructionSet(
-        BestInstructionSet(), baseline::TransformReal, avx2::TransformReal, avx512::TransformReal);
-    transform(x, count, outReal, outImag, size, n, work.get(), work.get() + 2 * size);
+    WorkArray work(size + size / 2);
+    Choose(size, baseline::TransformReal, avx2::TransformReal, avx512::TransformReal)(
+        x, count, outReal, outImag, size, n, work.Data(), work.Data() + 2 * size);
     ZeroForOtherLengths(outReal, size, n, 1);
     ZeroForOtherLengths(outImag, size, n, 1);
 }

@@ -44,14 +44,17 @@ constexpr int laneBits = laneCount == 8 ? 3 : laneCount == 4 ? 2 : 1;
 // As many stages as find room for their data in the registers: 32 with AVX-512, else 16.
 constexpr int maxStages = laneCount == 8 ? 3 : 2;
 
-// Transforms below this size have no whole tile.
 constexpr int tileSize = laneCount * laneCount;
+
+// Transforms up to this size have no whole tile, or not two groups of twiddles.
+constexpr int smallSize = (tileSize > 4 * laneCount ? tileSize : 4 * laneCount) / 2;
 
 // Elements of a block that together with its twiddles fits into the second-level cache.
 constexpr std::int64_t cachedLength = std::int64_t{1} << 14;
 
 // Twiddles made at a time: few enough to be in the first-level cache when they are used.
 constexpr std::int64_t chunkLength = 16 * laneCount;
+constexpr std::int64_t maxRun = 32 * laneCount;
 
 struct Number {
     double re, im;
@@ -68,16 +71,6 @@ TRELVANIX_INLINE void Butterfly(Value& a, Value& d, Value w)
     const Value e = {a.re - d.re, a.im - d.im};
     a = {a.re + d.re, a.im + d.im};
     d = {e.re * w.re - e.im * w.im, e.re * w.im + e.im * w.re};
-}
-
-// e^(-2 pi i k / n).
-TRELVANIX_INLINE Number Twiddle(std::int64_t k, int n)
-{
-    // Negated as an integer: the first angle is +0, and so is its sine. Add, multiply, divide, in this
-    // order: a step 2 pi / n computed once would round differently.
-    const auto t = static_cast<double>(-k);
-    const double angle = (t + t) * pi / n;
-    return {std::cos(angle), std::sin(angle)};
 }
 
 // The index whose `bits` bits are those of i in reverse order.
@@ -112,6 +105,12 @@ TRELVANIX_INLINE void StoreGroup(double* array, std::int64_t k, Numbers x)
     Store(array + 2 * k + laneCount, x.im);
 }
 
+TRELVANIX_INLINE void PrefetchGroup(const double* array, std::int64_t k)
+{
+    Prefetch(array + 2 * k);
+    Prefetch(array + 2 * k + laneCount);
+}
+
 TRELVANIX_INLINE std::int64_t RealPart(std::int64_t k)
 {
     return k + k / laneCount * laneCount;
@@ -139,6 +138,17 @@ TRELVANIX_INLINE Lanes OddLanes(Lanes x, Lanes y)
     return PickLanes(x, y, [](int lane) { return 2 * lane + 1; });
 }
 
+// The lanes of x and y in turn: those of the lower and of the upper halves.
+TRELVANIX_INLINE Lanes AlternateLow(Lanes x, Lanes y)
+{
+    return PickLanes(x, y, [](int lane) { return lane / 2 + lane % 2 * laneCount; });
+}
+
+TRELVANIX_INLINE Lanes AlternateHigh(Lanes x, Lanes y)
+{
+    return PickLanes(x, y, [](int lane) { return (laneCount + lane) / 2 + lane % 2 * laneCount; });
+}
+
 // Sources of a first pass: Elements reads the laneCount elements from k on, Element a single one.
 struct ComplexInput {
     const double* input;
@@ -153,6 +163,11 @@ struct ComplexInput {
     Number Element(std::int64_t k) const
     {
         return {input[2 * k], input[2 * k + 1]};
+    }
+
+    void PrefetchElements(std::int64_t k) const
+    {
+        PrefetchGroup(input, k);
     }
 };
 
@@ -169,6 +184,11 @@ struct ConjugatedInput {
     {
         const Number x = input.Element(k);
         return {x.re, -x.im};
+    }
+
+    void PrefetchElements(std::int64_t k) const
+    {
+        input.PrefetchElements(k);
     }
 };
 
@@ -190,6 +210,12 @@ struct RealInput {
     {
         return {k < count ? x[k] : 0.0, 0.0};
     }
+
+    void PrefetchElements(std::int64_t k) const
+    {
+        if (k < count)
+            Prefetch(x + k);
+    }
 };
 
 // The source of the other passes.
@@ -208,12 +234,8 @@ struct ComplexOutput {
 
     void PutElements(std::int64_t k, Numbers x) const
     {
-        Store(output + 2 * k, PickLanes(x.re, x.im, [](int lane) {
-                  return lane / 2 + lane % 2 * laneCount;
-              }));
-        Store(output + 2 * k + laneCount, PickLanes(x.re, x.im, [](int lane) {
-                  return laneCount / 2 + lane / 2 + lane % 2 * laneCount;
-              }));
+        Store(output + 2 * k, AlternateLow(x.re, x.im));
+        Store(output + 2 * k + laneCount, AlternateHigh(x.re, x.im));
     }
 
     void PutElement(std::int64_t k, Number x) const
@@ -292,56 +314,96 @@ TRELVANIX_INLINE void Pass(const Source& source, double* data, std::int64_t leng
     }
 }
 
+// e^(-2 pi i k / n) for k = first, first + step, ..., count of them, in groups.
+TRELVANIX_INLINE void MakeTwiddles(std::int64_t first, int step, std::int64_t count, int n,
+                                   double* twiddles)
+{
+    double steps[laneCount];
+    for (int lane = 0; lane < laneCount; ++lane)
+        steps[lane] = lane * step;
+    for (std::int64_t i = 0; i < count; i += laneCount) {
+        // Negated as an integer: the first angle is +0, and so is its sine. (GCC 12 makes -0 of 0.0 less
+        // an integer 0.) Add, multiply, divide, in this order: a step 2 pi / n computed once would round
+        // differently.
+        const Lanes t = Broadcast(static_cast<double>(-(first + i * step))) - Load(steps);
+        Store(twiddles + 2 * i, (t + t) * Broadcast(pi) / Broadcast(n));
+    }
+    // Apart, because the functions of some C libraries wait for all arithmetic before them.
+    for (std::int64_t i = 0; i < count; i += laneCount) {
+        for (int lane = 0; lane < laneCount; ++lane) {
+            const double angle = twiddles[2 * i + lane];
+            twiddles[2 * i + lane] = std::cos(angle);
+            twiddles[2 * i + laneCount + lane] = std::sin(angle);
+        }
+    }
+}
+
+// Every other of 2 laneCount twiddles.
+TRELVANIX_INLINE void HalveTwiddles(double* twiddles, std::int64_t p)
+{
+    const Numbers low = LoadGroup(twiddles, 2 * p);
+    const Numbers high = LoadGroup(twiddles, 2 * p + laneCount);
+    StoreGroup(twiddles, p, {EvenLanes(low.re, high.re), EvenLanes(low.im, high.im)});
+}
+
 // The twiddles of all stages but the first.
-void MakeTwiddles(std::int64_t size, int n, double* twiddles)
+void MakeTable(std::int64_t size, int n, double* twiddles)
 {
     const std::int64_t half = size / 4;
     const std::int64_t chunk = std::min(half, chunkLength);
-    const auto halve = [&](std::int64_t p) {
-        const Numbers low = LoadGroup(twiddles, 2 * p);
-        const Numbers high = LoadGroup(twiddles, 2 * p + laneCount);
-        StoreGroup(twiddles, p, {EvenLanes(low.re, high.re), EvenLanes(low.im, high.im)});
-    };
     std::int64_t made = half;
     for (std::int64_t p = half; p < 2 * half; p += chunk) {
-        for (std::int64_t i = p; i < p + chunk; ++i)
-            StoreNumber(twiddles, i, Twiddle(2 * (i - half), n));
+        MakeTwiddles(2 * (p - half), 2, chunk, n, twiddles + 2 * p);
         // The stages below while their twiddles are in the cache.
         made = half;
-        for (std::int64_t begin = p / 2, count = chunk / 2; count >= laneCount; begin /= 2, count /= 2) {
+        for (std::int64_t begin = p / 2, count = chunk / 2; count >= laneCount;
+             begin /= 2, count /= 2) {
             for (std::int64_t i = begin; i < begin + count; i += laneCount)
-                halve(i);
+                HalveTwiddles(twiddles, i);
             made /= 2;
         }
     }
     for (std::int64_t p = made - laneCount; p >= laneCount; p -= laneCount)
-        halve(p);
-    for (std::int64_t p = std::min<std::int64_t>(made, laneCount) - 1; p > 0; --p)
+        HalveTwiddles(twiddles, p);
+    for (std::int64_t p = laneCount - 1; p > 0; --p)
         StoreNumber(twiddles, p, LoadNumber(twiddles, 2 * p));
+}
+
+// The twiddles first .. first + count - 1 of the first stage: those of even index are in the table.
+TRELVANIX_INLINE void CompleteTwiddles(std::int64_t first, std::int64_t count, std::int64_t size, int n,
+                                       const double* table, double* twiddles)
+{
+    double odd[maxRun];
+    MakeTwiddles(first + 1, 2, count / 2, n, odd);
+    for (std::int64_t i = 0; i < count / 2; i += laneCount) {
+        const Numbers x = LoadGroup(table, (size / 2 + first) / 2 + i);
+        const Numbers y = LoadGroup(odd, i);
+        StoreGroup(twiddles, 2 * i, {AlternateLow(x.re, y.re), AlternateLow(x.im, y.im)});
+        StoreGroup(twiddles, 2 * i + laneCount, {AlternateHigh(x.re, y.re), AlternateHigh(x.im, y.im)});
+    }
 }
 
 // The first pass, and with it the twiddles of the first stage.
 template <int stages, class Source>
 TRELVANIX_INLINE void FirstPass(const Source& source, double* data, std::int64_t size, int n,
-                                const double* twiddles)
+                                const double* table)
 {
     constexpr int rows = 1 << (stages - 1);
-    constexpr std::int64_t rowLength = chunkLength;
     const std::int64_t distance = size >> stages;
-    const std::int64_t chunk = std::min(distance, rowLength);
-    double chunkTwiddles[rows * rowLength * 2];
+    const std::int64_t chunk = std::min(distance, maxRun / rows);
+    const std::int64_t run = chunk == distance ? rows * chunk : chunk;
+    double twiddles[2 * maxRun];
     for (std::int64_t begin = 0; begin < distance; begin += chunk) {
-        for (int j = 0; j < rows; ++j) {
-            for (std::int64_t i = 0; i < chunk; i += 2) {
-                const std::int64_t k = j * distance + begin + i;
-                StoreNumber(chunkTwiddles, j * rowLength + i, LoadNumber(twiddles, (size / 2 + k) / 2));
-                StoreNumber(chunkTwiddles, j * rowLength + i + 1, Twiddle(k + 1, n));
+        for (std::int64_t row = 0; row < size; row += distance) {
+            for (std::int64_t k = row + begin; k < row + begin + chunk; k += laneCount) {
+                source.PrefetchElements(k);
+                PrefetchGroup(data, k);
             }
         }
-        Pass<stages>(source, data, size, begin, begin + chunk, twiddles,
-                     [&](int j, std::int64_t k) {
-                         return LoadGroup(chunkTwiddles, j * rowLength + k - begin);
-                     });
+        for (std::int64_t i = 0; i < rows * chunk; i += run)
+            CompleteTwiddles(i / chunk * distance + begin, run, size, n, table, twiddles + 2 * i);
+        Pass<stages>(source, data, size, begin, begin + chunk, table,
+                     [&](int j, std::int64_t k) { return LoadGroup(twiddles, j * chunk + k - begin); });
     }
 }
 
@@ -395,12 +457,10 @@ TRELVANIX_INLINE void ExchangeBit(Lanes* x)
         if ((i & bit) == 0) {
             const Lanes low = x[i];
             const Lanes high = x[i + bit];
-            x[i] = PickLanes(low, high, [](int lane) {
-                return (lane & bit) == 0 ? lane : lane - bit + laneCount;
-            });
-            x[i + bit] = PickLanes(low, high, [](int lane) {
-                return (lane & bit) == 0 ? lane + bit : lane + laneCount;
-            });
+            x[i] = PickLanes(
+                low, high, [](int lane) { return (lane & bit) == 0 ? lane : lane - bit + laneCount; });
+            x[i + bit] = PickLanes(
+                low, high, [](int lane) { return (lane & bit) == 0 ? lane + bit : lane + laneCount; });
         }
     }
 }
@@ -470,16 +530,15 @@ TRELVANIX_INLINE void LastPass(const double* data, std::int64_t size, const doub
 template <class Source, class Output>
 TRELVANIX_INLINE void SmallTransform(const Source& source, int size, int n, const Output& output)
 {
-    Number data[tileSize / 2];
-    Number twiddles[tileSize / 4];
+    Number data[smallSize];
+    double twiddles[2 * smallSize];
     for (int k = 0; k < size; ++k)
         data[k] = source.Element(k);
-    for (int k = 0; k < size / 2; ++k)
-        twiddles[k] = Twiddle(k, n);
+    MakeTwiddles(0, 1, size / 2, n, twiddles);
     for (int half = size / 2, groups = 1; half > 0; half /= 2, groups *= 2) {
         for (Number* block = data; block < data + size; block += 2 * half) {
             for (int k = 0; k < half; ++k)
-                Butterfly(block[k], block[k + half], twiddles[groups * k]);
+                Butterfly(block[k], block[k + half], LoadNumber(twiddles, groups * k));
         }
     }
     for (int k = 0, reversed = 0; k < size; ++k) {
@@ -492,11 +551,11 @@ template <class Source, class Output>
 TRELVANIX_INLINE void Transform(const Source& source, double* data, std::int64_t size, int n,
                                 double* twiddles, const Output& output)
 {
-    if (size < tileSize) {
+    if (size <= smallSize) {
         SmallTransform(source, static_cast<int>(size), n, output);
         return;
     }
-    MakeTwiddles(size, n, twiddles);
+    MakeTable(size, n, twiddles);
     const int stages = StagesOfPass(size);
     if (stages == 3)
         FirstPass<3>(source, data, size, n, twiddles);
