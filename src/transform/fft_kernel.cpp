@@ -53,8 +53,8 @@ constexpr int smallSize = (tileSize > 4 * laneCount ? tileSize : 4 * laneCount) 
 constexpr std::int64_t cachedLength = std::int64_t{1} << 14;
 
 // Twiddles made at a time: few enough to be in the first-level cache when they are used.
-constexpr std::int64_t chunkLength = 16 * laneCount;
-constexpr std::int64_t maxRun = 32 * laneCount;
+constexpr std::int64_t chunkLength = 64 * laneCount;
+constexpr std::int64_t maxRun = 128 * laneCount;
 
 struct Number {
     double re, im;
@@ -293,11 +293,12 @@ TRELVANIX_INLINE void Butterflies(Numbers* x, const Twiddles& twiddles)
 }
 
 // The first `stages` stages of a block of `length` elements, for those at distances begin to end - 1
-// from multiples of length / 2^stages. firstTwiddles(j, k) are the twiddles k .. k + laneCount - 1 of
-// row j in the first of the stages.
-template <int stages, class Source, class FirstTwiddles>
+// from multiples of length / 2^stages. The twiddles of the first of them are given apart: those of row j
+// stand, from `begin` on, at j * rowLength.
+template <int stages, class Source>
 TRELVANIX_INLINE void Pass(const Source& source, double* data, std::int64_t length, std::int64_t begin,
-                           std::int64_t end, const double* twiddles, const FirstTwiddles& firstTwiddles)
+                           std::int64_t end, const double* firstTwiddles, std::int64_t rowLength,
+                           const double* table)
 {
     constexpr int rows = 1 << stages;
     const std::int64_t distance = length >> stages;
@@ -306,8 +307,8 @@ TRELVANIX_INLINE void Pass(const Source& source, double* data, std::int64_t leng
         for (int j = 0; j < rows; ++j)
             x[j] = source.Elements(j * distance + k);
         Butterflies<stages>(x, [&](int stage, int j) {
-            return stage == 0 ? firstTwiddles(j, k)
-                              : LoadGroup(twiddles, (length >> (stage + 1)) + j * distance + k);
+            return stage == 0 ? LoadGroup(firstTwiddles, j * rowLength + k - begin)
+                              : LoadGroup(table, (length >> (stage + 1)) + j * distance + k);
         });
         for (int j = 0; j < rows; ++j)
             StoreGroup(data, j * distance + k, x[j]);
@@ -402,19 +403,16 @@ TRELVANIX_INLINE void FirstPass(const Source& source, double* data, std::int64_t
         }
         for (std::int64_t i = 0; i < rows * chunk; i += run)
             CompleteTwiddles(i / chunk * distance + begin, run, size, n, table, twiddles + 2 * i);
-        Pass<stages>(source, data, size, begin, begin + chunk, table,
-                     [&](int j, std::int64_t k) { return LoadGroup(twiddles, j * chunk + k - begin); });
+        Pass<stages>(source, data, size, begin, begin + chunk, twiddles, chunk, table);
     }
 }
 
 template <int stages>
-void MiddlePass(double* data, std::int64_t size, std::int64_t length, const double* twiddles)
+void MiddlePass(double* data, std::int64_t size, std::int64_t length, const double* table)
 {
+    const std::int64_t distance = length >> stages;
     for (double* block = data; block < data + 2 * size; block += 2 * length) {
-        Pass<stages>(GroupedData{block}, block, length, 0, length >> stages, twiddles,
-                     [&](int j, std::int64_t k) {
-                         return LoadGroup(twiddles, length / 2 + j * (length >> stages) + k);
-                     });
+        Pass<stages>(GroupedData{block}, block, length, 0, distance, table + length, distance, table);
     }
 }
 
