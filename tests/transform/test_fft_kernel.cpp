@@ -11,6 +11,7 @@
 
 #include "common/instruction_set.h"
 #include "support/bits.h"
+#include "support/instruction_sets.h"
 #include "support/plain_kernels.h"
 #include "support/samples.h"
 
@@ -33,14 +34,15 @@ struct Kernels {
 // Those of every instruction set that this processor has.
 std::vector<Kernels> AllKernels()
 {
-    std::vector<Kernels> all = {{"baseline", baseline::TransformComplex, baseline::TransformConjugate,
-                                 baseline::TransformReal}};
-    const InstructionSet best = BestInstructionSet();
-    if (best != InstructionSet::baseline)
-        all.push_back({"avx2", avx2::TransformComplex, avx2::TransformConjugate, avx2::TransformReal});
-    if (best == InstructionSet::avx512) {
-        all.push_back(
-            {"avx512", avx512::TransformComplex, avx512::TransformConjugate, avx512::TransformReal});
+    std::vector<Kernels> all;
+    for (const InstructionSet set : testing::AvailableInstructionSets()) {
+        all.push_back({ForInstructionSet<const char>(set, "baseline", "avx2", "avx512"),
+                       ForInstructionSet(set, baseline::TransformComplex, avx2::TransformComplex,
+                                         avx512::TransformComplex),
+                       ForInstructionSet(set, baseline::TransformConjugate, avx2::TransformConjugate,
+                                         avx512::TransformConjugate),
+                       ForInstructionSet(set, baseline::TransformReal, avx2::TransformReal,
+                                         avx512::TransformReal)});
     }
     return all;
 }
@@ -140,8 +142,9 @@ TEST_P(FftKernel, HasTheBitsOfThePlainFormForEveryLength)
 {
     Samples samples(40);
     for (std::size_t n = 1; n <= 300; ++n) {
-        ASSERT_TRUE(HasThePlainBits(samples.Plain(2 * n))) << "n = " << n;
-        ASSERT_TRUE(HasThePlainBits(samples.Hostile(2 * n))) << "n = " << n << ", hostile numbers";
+        for (const auto& input : {samples.Plain(2 * n), samples.Hostile(2 * n), samples.Tiny(2 * n),
+                                  samples.OneHostile(2 * n)})
+            ASSERT_TRUE(HasThePlainBits(input)) << "n = " << n;
     }
 }
 
@@ -157,8 +160,8 @@ TEST_P(FftKernel, HasTheBitsOfThePlainFormForLongInputs)
 
 TEST_P(FftKernel, HasTheBitsOfThePlainFormForFewSpecialNumbers)
 {
-    // In the hostile inputs above one not-a-number covers the whole spectrum. Here a part of the
-    // butterflies meets the special number alone, which shows in the signs of zeros and in infinities.
+    // Among random numbers the sign of a zero hardly ever decides a sign of the spectrum, and one
+    // not-a-number covers all of it; here both show, the sign of a twiddle's zero included.
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double denormal = std::numeric_limits<double>::denorm_min();
     for (const std::size_t n : {1U, 2U, 4U, 8U, 16U, 32U, 64U, 128U, 256U, 512U, 1024U}) {
