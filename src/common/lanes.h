@@ -11,6 +11,7 @@
 // therefore use no templates or inline functions shared with other files (no standard containers), which
 // the test "kernels" watches.
 
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
@@ -47,6 +48,22 @@ template <class Pick>
 TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick)
 {
     return PickLanes<Pick>(x, y, std::make_integer_sequence<int, laneCount>{});
+}
+
+TRELVANIX_INLINE double GetLane(Lanes lanes, int i)
+{
+    return lanes[i];
+}
+
+TRELVANIX_INLINE void SetLane(Lanes& lanes, int i, double value)
+{
+    lanes[i] = value;
+}
+
+// The lanes of x, those of replacement where x is zero of either sign.
+TRELVANIX_INLINE Lanes ReplaceZeros(Lanes x, Lanes replacement)
+{
+    return x == Lanes{} ? replacement : x;
 }
 #else
 #define TRELVANIX_INLINE static inline
@@ -92,6 +109,23 @@ TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick pick)
         lanes.lane[i] = pick(i) < laneCount ? x.lane[pick(i)] : y.lane[pick(i) - laneCount];
     return lanes;
 }
+
+TRELVANIX_INLINE double GetLane(const Lanes& lanes, int i)
+{
+    return lanes.lane[i];
+}
+
+TRELVANIX_INLINE void SetLane(Lanes& lanes, int i, double value)
+{
+    lanes.lane[i] = value;
+}
+
+TRELVANIX_INLINE Lanes ReplaceZeros(Lanes x, Lanes replacement)
+{
+    for (int i = 0; i < laneCount; ++i)
+        x.lane[i] = x.lane[i] == 0.0 ? replacement.lane[i] : x.lane[i];
+    return x;
+}
 #endif
 
 // Tells the processor that the cache line of p is wanted soon.
@@ -111,6 +145,43 @@ TRELVANIX_INLINE Lanes Load(const double* p)
 TRELVANIX_INLINE void Store(double* p, Lanes lanes)
 {
     std::memcpy(p, &lanes, sizeof lanes);
+}
+
+// Elements stride apart, as those of a column of a row-major matrix.
+TRELVANIX_INLINE Lanes LoadStrided(const double* p, std::int64_t stride)
+{
+    Lanes lanes = Broadcast(0.0);
+    for (int i = 0; i < laneCount; ++i)
+        SetLane(lanes, i, p[i * stride]);
+    return lanes;
+}
+
+TRELVANIX_INLINE void StoreStrided(double* p, std::int64_t stride, Lanes lanes)
+{
+    for (int i = 0; i < laneCount; ++i)
+        p[i * stride] = GetLane(lanes, i);
+}
+
+// The first count elements at p, or laneCount if that is less; the other lanes are zero.
+TRELVANIX_INLINE Lanes LoadFirst(const double* p, int count)
+{
+    if (count >= laneCount)
+        return Load(p);
+    double padded[laneCount] = {};
+    for (int i = 0; i < count; ++i)
+        padded[i] = p[i];
+    return Load(padded);
+}
+
+// The first count lanes, or all of them if that is less.
+TRELVANIX_INLINE void StoreFirst(double* p, int count, Lanes lanes)
+{
+    if (count >= laneCount)
+        return Store(p, lanes);
+    double padded[laneCount];
+    Store(padded, lanes);
+    for (int i = 0; i < count; ++i)
+        p[i] = padded[i];
 }
 
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET

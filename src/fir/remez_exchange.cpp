@@ -7,7 +7,9 @@
 
 #include "common/constants.h"
 #include "common/growable_array.h"
+#include "common/instruction_set.h"
 #include "common/numbers.h"
+#include "fir/remez_kernel.h"
 
 namespace trelvanix
 {
@@ -54,8 +56,8 @@ void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
 
     for (int j = 0; j < nz; ++j)
         x[j] = grid.cosine[extremum[j]];
-    for (int j = 0; j < nz; ++j)
-        ad[j] = LagrangeWeight(j, nz, jet, p.x);
+    ForInstructionSet(BestInstructionSet(), baseline::LagrangeWeights, avx2::LagrangeWeights,
+                      avx512::LagrangeWeights)(x, nz, jet, ad);
 
     double dnum = 0.0;
     double dden = 0.0;
@@ -70,44 +72,147 @@ void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
         y[j] = grid.desired[extremum[j]] + p.nu * p.deviation * SignOf(j) / grid.weight[extremum[j]];
 }
 
-// The polynomial at cosine xf. At a node itself the quotient is not a number.
-double Evaluate(const Interpolant& p, double xf)
+// The polynomial at count cosines, in place. At a node itself the value is not a number.
+void Evaluate(const Interpolant& p, double* cosines, int count)
 {
-    const double* x = p.x.data();
-    const double* ad = p.ad.data();
-    const double* y = p.y.data();
-    const std::size_t nz = p.x.size();
-    double numerator = 0.0;
-    double denominator = 0.0;
-    for (std::size_t j = 0; j < nz; ++j) {
-        const double c = ad[j] / (xf - x[j]);
-        numerator += c * y[j];
-        denominator += c;
-    }
-    return numerator / denominator;
+    ForInstructionSet(BestInstructionSet(), baseline::Interpolate, avx2::Interpolate,
+                      avx512::Interpolate)(p.x.data(), p.ad.data(), p.y.data(),
+                                           static_cast<int>(p.x.size()), cosines, count, cosines);
 }
 
-// The weighted error at a grid point.
-double EvaluateError(const Grid& grid, const Interpolant& p, int point)
+// ---- Errors ------------------------------------------------------------------------------------
+
+// The weighted errors of the interpolation on the grid. A sweep looks at few of them, each time going on
+// from what it sees; but a vector of them takes hardly longer than one. So they are evaluated ahead of
+// the sweep: the neighbours of all extrema, where it looks first, then, two points a round, the ways up
+// from those that are larger. What it asks for besides comes in blocks. Which errors are evaluated never
+// shows in a result.
+class ErrorTable
 {
-    return (Evaluate(p, grid.cosine[point]) - grid.desired[point]) * grid.weight[point];
-}
+public:
+    explicit ErrorTable(const Grid& dense)
+        : grid(dense), errors(NewGrowableArray<double>(dense.count)),
+          isKnown(NewGrowableArray<char>(dense.count))
+    {
+    }
+
+    // Forgets all errors: from now on they are those of p, which a sweep over iext asks for.
+    void Start(const Interpolant& p, const std::vector<int>& iext)
+    {
+        interpolant = &p;
+        std::fill(isKnown.begin(), isKnown.end(), char{0});
+        for (const int extremum : iext) {
+            Request(extremum - 1);
+            Request(extremum + 1);
+        }
+        EvaluateRequested();
+        FollowClimbs(iext);
+    }
+
+    // The error at a point of the grid, for somebody on the way in steps of +1 or -1.
+    double At(int point, int step)
+    {
+        if (isKnown.data()[point] == 0) {
+            constexpr int blockLength = 8;
+            for (int ahead = 0; ahead < blockLength; ++ahead)
+                Request(point + ahead * step);
+            EvaluateRequested();
+        }
+        return errors.data()[point];
+    }
+
+private:
+    // The way up from an extremum of one sign: the last improving point and its error's size.
+    struct Climb {
+        int point;
+        int step;
+        double nut;
+        double comp;
+    };
+
+    // To the next point, if it is known to improve.
+    bool Advance(Climb& climb) const
+    {
+        const int next = climb.point + climb.step;
+        if (!IsOnGrid(next) || isKnown.data()[next] == 0)
+            return false;
+        const double size = climb.nut * errors.data()[next];
+        if (!(size - climb.comp > 0.0))
+            return false;
+        climb.point = next;
+        climb.comp = size;
+        return true;
+    }
+
+    void FollowClimbs(const std::vector<int>& iext)
+    {
+        double nut = interpolant->nu;
+        for (const int extremum : iext) {
+            Climb up = {extremum, +1, nut, interpolant->deviation};
+            Climb down = {extremum, -1, nut, interpolant->deviation};
+            if (Advance(up))
+                climbs.push_back(up);
+            else if (Advance(down))
+                climbs.push_back(down);
+            nut = -nut;
+        }
+        while (!climbs.empty()) {
+            for (const Climb& climb : climbs) {
+                Request(climb.point + climb.step);
+                Request(climb.point + 2 * climb.step);
+            }
+            EvaluateRequested();
+            std::erase_if(climbs, [this](Climb& climb) { return !(Advance(climb) && Advance(climb)); });
+        }
+    }
+
+    bool IsOnGrid(int point) const
+    {
+        return point >= 0 && point < grid.count;
+    }
+
+    void Request(int point)
+    {
+        if (!IsOnGrid(point) || isKnown.data()[point] != 0)
+            return;
+        isKnown.data()[point] = 1;
+        requested.push_back(point);
+        values.push_back(grid.cosine[point]);
+    }
+
+    void EvaluateRequested()
+    {
+        Evaluate(*interpolant, values.data(), static_cast<int>(values.size()));
+        const double* value = values.data();
+        for (const int point : requested)
+            errors.data()[point] = (*value++ - grid.desired[point]) * grid.weight[point];
+        requested.clear();
+        values.clear();
+    }
+
+    const Grid& grid;
+    const Interpolant* interpolant = nullptr;
+    std::vector<double> errors;
+    std::vector<char> isKnown;
+    std::vector<int> requested;
+    std::vector<double> values; // cosines of the requested points, then the values there
+    std::vector<Climb> climbs;
+};
 
 // ---- Extremal search ---------------------------------------------------------------------------
 
 // A search for larger errors of one sign.
 struct Search {
-    const Grid& grid;
-    const Interpolant& p;
+    ErrorTable& errors;
     double nut;  // the sign
     double comp; // the size to beat
 };
 
-// True if the error at the point has the sign sought and is larger than comp, which then becomes its
-// size. Equal errors do not count, and neither does not-a-number.
-bool Improves(Search& search, int point)
+// True if the error at the point, reached in steps of +1 or -1, has the sign sought and is larger than
+// comp, which then becomes its size. Equal errors do not count, and neither does not-a-number.
+bool Improves(Search& search, int point, int step)
 {
-    const double size = search.nut * EvaluateError(search.grid, search.p, point);
+    const double size = search.nut * search.errors.At(point, step);
     if (!(size - search.comp > 0.0))
         return false;
     search.comp = size;
@@ -118,7 +223,7 @@ bool Improves(Search& search, int point)
 // last improving point.
 int Climb(Search& search, int point, int end, int step)
 {
-    for (int next = point + step; next != end && Improves(search, next); next += step)
+    for (int next = point + step; next != end && Improves(search, next, step); next += step)
         point = next;
     return point;
 }
@@ -130,7 +235,7 @@ constexpr int none = -1;
 int FindPeak(Search& search, int from, int end, int step, bool looksFar)
 {
     for (int point = from; step * (end - point) > 0; point += step) {
-        if (Improves(search, point))
+        if (Improves(search, point, step))
             return Climb(search, point, end, step);
         if (!looksFar)
             break;
@@ -175,7 +280,7 @@ void MoveExtremum(Sweep& sweep, int& extremum, int kup)
 
 // One sweep over all extrema, then a look beyond the lowest and the highest one: a larger error there
 // takes an extremum from the other end. Returns whether anything moved.
-bool ExchangeExtrema(const Grid& grid, const Interpolant& p, std::vector<int>& iext)
+bool ExchangeExtrema(const Grid& grid, const Interpolant& p, ErrorTable& errors, std::vector<int>& iext)
 {
     constexpr double clearly = 1.00001;
     const int last = static_cast<int>(iext.size()) - 1;
@@ -183,7 +288,8 @@ bool ExchangeExtrema(const Grid& grid, const Interpolant& p, std::vector<int>& i
     const int lowestBefore = iext.front();
     const int highestBefore = iext.back();
 
-    Sweep sweep = {{grid, p, p.nu, 0.0}, none, 0};
+    errors.Start(p, iext);
+    Sweep sweep = {{errors, p.nu, 0.0}, none, 0};
     double y1 = 0.0; // the error at the lowest extremum
     for (int j = 0; j <= last; ++j) {
         sweep.search.nut = p.nu * SignOf(j);
@@ -195,12 +301,12 @@ bool ExchangeExtrema(const Grid& grid, const Interpolant& p, std::vector<int>& i
     }
     const double ynz = sweep.search.comp;
 
-    Search atLowEnd = {grid, p, -p.nu, ynz * clearly};
+    Search atLowEnd = {errors, -p.nu, ynz * clearly};
     const int low = FindPeak(atLowEnd, 0, std::min(iext.front(), lowestBefore), +1, true);
     if (low != none)
         y1 = std::max(y1, atLowEnd.comp);
 
-    Search atHighEnd = {grid, p, -p.nu * SignOf(last), y1 * clearly};
+    Search atHighEnd = {errors, -p.nu * SignOf(last), y1 * clearly};
     const int highest = std::max(iext.back(), highestBefore);
     const int high = FindPeak(atHighEnd, grid.count - 1, highest, -1, true);
 
@@ -228,14 +334,18 @@ std::vector<double> SampleApproximation(const Interpolant& p)
     const double delf = 1.0 / (2.0 * nfcns - 1.0);
     auto samples = NewGrowableArray<double>(nfcns);
     double* a = samples.data();
+    for (int j = 0; j < nfcns; ++j)
+        a[j] = std::cos(twoPi * (j * delf));
+    const std::vector<double> cosines = samples;
+    Evaluate(p, a, nfcns);
     int l = 0;
     for (int j = 0; j < nfcns; ++j) {
-        const double xt = std::cos(twoPi * (j * delf));
+        const double xt = cosines.data()[j];
         // Cosines and nodes both fall, so the node to compare with is near the last one.
         while (l < nz && xt <= x[l] && x[l] - xt >= fsh)
             ++l;
-        const bool atNode = l < nz && std::abs(xt - x[l]) < fsh;
-        a[j] = atNode ? y[l] : Evaluate(p, xt);
+        if (l < nz && std::abs(xt - x[l]) < fsh)
+            a[j] = y[l];
         l = std::max(0, l - 1);
     }
     return samples;
@@ -249,12 +359,23 @@ std::vector<double> CosineCoefficients(const std::vector<double>& samples)
     const double cn = 2.0 * nfcns - 1.0;
     auto coefficients = NewGrowableArray<double>(nfcns);
     double* alpha = coefficients.data();
-    for (int j = 0; j < nfcns; ++j) {
-        double sum = a[0];
-        for (int k = 1; k < nfcns; ++k)
-            sum += 2.0 * std::cos(static_cast<double>(k) * j * twoPi / cn) * a[k];
-        alpha[j] = (j == 0 ? sum : 2.0 * sum) / cn;
+    std::fill_n(alpha, nfcns, a[0]);
+    for (int k = 1; k < nfcns; ++k)
+        alpha[0] += 2.0 * a[k]; // the cosine is 1
+    // The sum for j takes its terms in increasing k. The cosine for (j, k) is also the one for (k, j):
+    // round m adds those for (m, m), (m, m + 1), ... to sum m and, from the second on, to the sums after.
+    for (int m = 1; m < nfcns; ++m) {
+        double sum = alpha[m];
+        for (int k = m; k < nfcns; ++k) {
+            const double cosine = 2.0 * std::cos(static_cast<double>(k) * m * twoPi / cn);
+            sum += cosine * a[k];
+            alpha[k] += cosine * a[m];
+        }
+        alpha[m] = sum;
     }
+    alpha[0] = alpha[0] / cn;
+    for (int j = 1; j < nfcns; ++j)
+        alpha[j] = 2.0 * alpha[j] / cn;
     return coefficients;
 }
 
@@ -320,22 +441,6 @@ bool IsSolvable(const Interpolant& p)
 
 } // namespace
 
-double LagrangeWeight(int k, int n, int m, const std::vector<double>& x)
-{
-    const double* nodes = x.data();
-    const double xk = nodes[k];
-    double q = 1.0;
-    for (int l = 0; l < m; ++l) {
-        double product = 1.0;
-        for (int j = l; j < n; j += m) {
-            const double factor = 2.0 * (xk - nodes[j]);
-            product *= factor == 0.0 ? 1.0 : factor;
-        }
-        q *= product;
-    }
-    return 1.0 / q;
-}
-
 RemezResult RemezExchange(int tapCount, const double* grid, double* desired, double* weight,
                           int gridCount)
 {
@@ -350,12 +455,13 @@ RemezResult RemezExchange(int tapCount, const double* grid, double* desired, dou
     const std::int64_t nz = std::int64_t{nfcns} + 1;
     Interpolant p = {NewGrowableArray<double>(nz), NewGrowableArray<double>(nz),
                      NewGrowableArray<double>(nz), 0.0, 0.0};
+    ErrorTable errors(dense);
     RemezResult result = {{}, 0, false};
     while (result.iterations < iterationLimit && !result.converged) {
         Interpolate(dense, iext, p);
         ++result.iterations;
         // Every error of an unsolvable problem is not-a-number, and none is larger than another.
-        result.converged = !IsSolvable(p) || !ExchangeExtrema(dense, p, iext);
+        result.converged = !IsSolvable(p) || !ExchangeExtrema(dense, p, errors, iext);
     }
     result.halfResponse = HalfResponse(CosineCoefficients(SampleApproximation(p)), even);
     return result;

@@ -34,12 +34,6 @@ struct RemezResult {
 RemezResult RemezExchange(int tapCount, const double* grid, double* desired, double* weight,
                           int gridCount);
 
-// Weight of node k in the barycentric interpolation through the first n nodes of x: the reciprocal of
-// the product of 2 (x[k] - x[j]). The factors are multiplied m groups after one another, group l taking
-// the nodes l, l + m, l + 2m, ..., so that large and small factors mix. A factor that is exactly zero
-// is left out, whichever node it comes from.
-double LagrangeWeight(int k, int n, int m, const std::vector<double>& x);
-
 } // namespace trelvanix
 
 #endif

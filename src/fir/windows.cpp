@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdlib>
 #include <stdexcept>
 #include <vector>
 
@@ -57,10 +56,16 @@ struct BesselDivisors {
 
 double BesselI0(double x, const BesselDivisors& divisors)
 {
+    // An addend below 2^-54 of a sum leaves it as it is. The terms rise to their largest and then fall, so
+    // behind one that is smaller still nothing is left to add.
+    constexpr double negligible = 0x1p-55;
     double sum = 0.0;
     for (int k = 0; k < besselTermCount; ++k) {
         const auto i = static_cast<std::size_t>(k);
-        sum += Power(x, 2 * k) / divisors.powerOfFour[i] / divisors.squaredFactorial[i];
+        const double term = Power(x, 2 * k) / divisors.powerOfFour[i] / divisors.squaredFactorial[i];
+        sum += term;
+        if (term < negligible * sum)
+            break;
     }
     return sum;
 }
@@ -118,18 +123,24 @@ void KaiserWindow(int N, double* w)
     const BesselDivisors divisors;
     const double normaliser = BesselI0(beta, divisors);
     const double D1 = N - 1;
-    for (int i = 0; i < N; ++i) {
-        const double n = i;
+    const auto argument = [=](double n) {
         const double u = 1.0 - (n + n) / D1;
-        w[i] = BesselI0(std::sqrt(1.0 - Power(u, 2.0)) * beta, divisors) / normaliser;
+        return std::sqrt(1.0 - Power(u, 2.0)) * beta;
+    };
+    // Mirror images have nearly the same argument, and three in four of them the very same.
+    for (int i = 0, mirror = N - 1; i <= mirror; ++i, --mirror) {
+        const double x = argument(i);
+        const double xMirror = argument(mirror);
+        w[i] = BesselI0(x, divisors) / normaliser;
+        w[mirror] = x == xMirror ? w[i] : BesselI0(xMirror, divisors) / normaliser;
     }
 }
 
 void GaussianWindow(int N, double* w)
 {
     const double h = (N - 1.0) * 0.5;
-    for (int n = 0; n < N; ++n)
-        w[n] = std::exp(Power((n - h) * 2.5 / h, 2.0) * -0.5);
+    for (int n = 0, mirror = N - 1; n <= mirror; ++n, --mirror)
+        w[n] = w[mirror] = std::exp(Power((n - h) * 2.5 / h, 2.0) * -0.5);
 }
 
 void TriangWindow(int N, double* w)
@@ -178,10 +189,10 @@ void ParzenWindow(int N, double* w)
     const int h = (N - 1) / 2;
     const int q = (N - 1) / 4;
     const double D = N * 0.5;
-    for (int m = -h; m <= h; ++m) {
-        const double r = std::abs(m) / D;
-        w[m + h] = std::abs(m) <= q ? 1.0 - Power(r, 2.0) * 6.0 + Power(r, 3.0) * 6.0
-                                    : 2.0 * Power(1.0 - r, 3.0);
+    for (int m = 0; m <= h; ++m) {
+        const double r = m / D;
+        w[h - m] = w[h + m] =
+            m <= q ? 1.0 - Power(r, 2.0) * 6.0 + Power(r, 3.0) * 6.0 : 2.0 * Power(1.0 - r, 3.0);
     }
     // The offsets -h .. h fill an odd number of samples.
     if (N % 2 == 0)

@@ -25,6 +25,21 @@ std::vector<double> ShiftMatrix(int n)
     return matrix;
 }
 
+// What ReduceToHessenberg does to a matrix that has ones below the diagonal and zeros around them: with
+// multipliers of zero it adds 0 a(0, i) to a(0, j), 0 < j < i, from left to right. That changes no number
+// but -0, which becomes +0 if a later entry is positive, and makes all before an infinity or a
+// not-a-number not-a-number.
+void ReduceFirstRow(double* row, int n)
+{
+    double added = -0.0;
+    for (int j = n - 1; j >= 1; --j) {
+        const double multiple = 0.0 * row[j];
+        if (j < n - 1)
+            row[j] += added;
+        added += multiple;
+    }
+}
+
 } // namespace
 
 ResultArray Roots(const double* c, int n)
@@ -41,9 +56,10 @@ ResultArray Roots(const double* c, int n)
         firstRow[k - 1] = -c[k] / c[0];
     // Not -c[n] / c[0]: the constant term counts as equal to the leading coefficient.
     firstRow[n - 1] = -1.0;
+    ReduceFirstRow(firstRow, n);
 
     std::int64_t i = 0;
-    for (const Complex root : AllEigenvalues(matrix.data(), n, 1e-100, 60))
+    for (const Complex root : AllHessenbergEigenvalues(matrix.data(), n, 1e-100, 60))
         StoreComplex(roots.get(), i++, root);
     return roots;
 }

@@ -27,50 +27,6 @@ constexpr double epsilon = std::numeric_limits<double>::epsilon();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
-// ---- Lagrange weights --------------------------------------------------------------------------
-
-TEST(LagrangeWeight, IsTheReciprocalOfTheProductOfTwiceTheDifferences)
-{
-    const Row x = {1.0, 0.0, -1.0};
-    EXPECT_EQ(LagrangeWeight(0, 3, 1, x), 1.0 / 8.0);  // 2 (1 - 0) * 2 (1 + 1)
-    EXPECT_EQ(LagrangeWeight(1, 3, 1, x), -1.0 / 4.0); // 2 (0 - 1) * 2 (0 + 1)
-    EXPECT_EQ(LagrangeWeight(2, 3, 1, x), 1.0 / 8.0);
-    EXPECT_EQ(LagrangeWeight(0, 2, 1, x), 1.0 / 2.0); // the first two nodes alone
-    EXPECT_EQ(LagrangeWeight(0, 1, 1, x), 1.0);
-}
-
-TEST(LagrangeWeight, EqualNodes_KeepBeingLeftOut)
-{
-    EXPECT_EQ(LagrangeWeight(0, 3, 1, {1.0, 1.0, 0.5}), 1.0);
-    EXPECT_EQ(LagrangeWeight(0, 3, 1, {0.5, 0.5, 0.5}), 1.0);
-}
-
-TEST(LagrangeWeight, Groups_AreMultipliedOneAfterAnother)
-{
-    const Row x = {0.9, -1.0, -0.11, 0.44, -0.54, 0.89};
-    const auto factor = [&](std::size_t j) { return 2.0 * (0.9 - x[j]); };
-    const double even = factor(2) * factor(4);
-    const double odd = factor(1) * factor(3) * factor(5);
-    EXPECT_TRUE(SameBits(LagrangeWeight(0, 6, 2, x), 1.0 / (even * odd)));
-    const double inOneGo = factor(1) * factor(2) * factor(3) * factor(4) * factor(5);
-    EXPECT_TRUE(SameBits(LagrangeWeight(0, 6, 1, x), 1.0 / inOneGo));
-    // The order shows in the last bit: these nodes were chosen for it.
-    EXPECT_FALSE(SameBits(1.0 / (even * odd), 1.0 / inOneGo));
-}
-
-TEST(LagrangeWeight, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
-{
-    // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Ten groups bring one
-    // of each together.
-    Row x = {0.0};
-    for (int j = 0; j < 10; ++j)
-        x.push_back(-5e39);
-    for (int j = 0; j < 10; ++j)
-        x.push_back(-5e-41);
-    EXPECT_EQ(LagrangeWeight(0, 21, 1, x), 0.0);
-    EXPECT_NEAR(LagrangeWeight(0, 21, 10, x), 1.0, 40 * epsilon);
-}
-
 // ---- Whole designs -----------------------------------------------------------------------------
 
 struct Design {

@@ -8,9 +8,12 @@
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "support/bits.h"
+#include "support/plain_windows.h"
+#include "support/samples.h"
 
 namespace trelvanix
 {
@@ -260,6 +263,27 @@ TEST(IdealImpulseResponse, SplitsTheUnitImpulseBetweenComplementaryFilters)
         const double impulse = n == 15 ? 1.0 : 0.0;
         EXPECT_NEAR(low[n] + high[n], impulse, 4 * epsilon);
         EXPECT_NEAR(pass[n] + stop[n], impulse, 4 * epsilon);
+    }
+}
+
+TEST(IdealImpulseResponse, HasTheBitsOfEverySampleByItself)
+{
+    const double pi = 3.141592653589793;
+    testing::Samples samples(521);
+    for (int N = 1; N <= 300; ++N) {
+        const double omega1 = pi * std::abs(samples.Next());
+        const double omega2 = pi * std::abs(samples.Next());
+        // Equal edges cancel to zeros of either sign; pi and its half make sines that nearly vanish.
+        for (const auto& [w1, w2] :
+             {std::pair(omega1, omega2), std::pair(omega1, omega1), std::pair(0.5 * pi, pi),
+              std::pair(std::numeric_limits<double>::denorm_min(), 1e-308), std::pair(0.0, -0.0),
+              std::pair(omega1, std::numeric_limits<double>::quiet_NaN())}) {
+            for (const FilterType type : {FilterType::LowPass, FilterType::HighPass,
+                                          FilterType::BandPass, FilterType::BandStop})
+                ASSERT_TRUE(HasSameBits(testing::PlainImpulseResponse(N, w1, w2, type),
+                                        IdealImpulseResponse(N, w1, w2, type).data()))
+                    << N << ' ' << w1 << ' ' << w2 << ' ' << static_cast<int>(type);
+        }
     }
 }
 

@@ -10,13 +10,19 @@
 #include <vector>
 
 #include "support/bits.h"
+#include "support/plain_windows.h"
 
 namespace trelvanix
 {
 namespace
 {
 
+using testing::HasSameBits;
 using testing::IsNear;
+using testing::PlainBesselI0;
+using testing::PlainGaussianWindow;
+using testing::PlainKaiserWindow;
+using testing::PlainParzenWindow;
 using testing::SameBits;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
@@ -311,6 +317,33 @@ TEST(BesselI0, KeepsItsTwentyFiveTerms)
     }
     const auto expected = static_cast<double>(sum);
     EXPECT_NEAR(BesselI0(200.0), expected, 8 * epsilon * expected);
+}
+
+TEST(BesselI0, HasTheBitsOfAllTwentyFiveTerms)
+{
+    for (int i = 0; i <= 30000; ++i) {
+        const double x = i / 1024.0;
+        ASSERT_TRUE(SameBits(PlainBesselI0(x), BesselI0(x))) << x;
+    }
+    for (const double x :
+         {1e-300, 1e-160, 1e-9, 1e5, 1e6, 1e12, 1e160, -3.0, -0.0,
+          std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::infinity(),
+          std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_TRUE(SameBits(PlainBesselI0(x), BesselI0(x))) << x;
+}
+
+// Samples that the window takes from their mirror images.
+TEST(MirroredWindows, HaveTheBitsOfEverySampleByItself)
+{
+    for (int N = 1; N <= 300; ++N) {
+        std::vector<double> w(static_cast<std::size_t>(N));
+        KaiserWindow(N, w.data());
+        ASSERT_TRUE(HasSameBits(PlainKaiserWindow(N), w.data())) << "Kaiser " << N;
+        GaussianWindow(N, w.data());
+        ASSERT_TRUE(HasSameBits(PlainGaussianWindow(N), w.data())) << "Gaussian " << N;
+        ParzenWindow(N, w.data());
+        ASSERT_TRUE(HasSameBits(PlainParzenWindow(N), w.data())) << "Parzen " << N;
+    }
 }
 
 TEST(RealFactorial, OfSmallNumbers)

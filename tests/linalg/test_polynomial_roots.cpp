@@ -7,6 +7,7 @@
 #include <new>
 #include <vector>
 
+#include "linalg/eigenvalues.h"
 #include "support/bits.h"
 #include "support/samples.h"
 #include "trelvanix.h"
@@ -102,6 +103,42 @@ TEST(Roots, MultiplyToOneInModulus)
         EXPECT_NEAR(product.real(), n % 2 == 0 ? 1.0 : -1.0, tolerance) << n;
         EXPECT_NEAR(product.imag(), 0.0, tolerance) << n;
         EXPECT_NEAR(sum.real(), -c[1], tolerance) << n;
+    }
+}
+
+TEST(Roots, HaveTheBitsOfTheReducedCompanionMatrix)
+{
+    // The matrix as it is described, and the reduction that Roots leaves out.
+    const auto plain = [](const std::vector<double>& c, int n) {
+        const auto columns = static_cast<std::size_t>(n);
+        std::vector<double> a(columns * columns);
+        for (std::size_t k = 1; k < columns; ++k) {
+            a[k - 1] = -c[k] / c[0];
+            a[k * columns + k - 1] = 1.0;
+        }
+        a[columns - 1] = -1.0;
+        std::vector<double> roots;
+        for (const Complex root : AllEigenvalues(a.data(), n, 1e-100, 60)) {
+            roots.push_back(root.real());
+            roots.push_back(root.imag());
+        }
+        return roots;
+    };
+    Samples samples(329);
+    for (int n = 1; n <= 40; ++n) {
+        const auto count = static_cast<std::size_t>(n);
+        for (int round = 0; round < 4; ++round) {
+            std::vector<double> c = samples.Plain(count);
+            ASSERT_TRUE(HasSameBits(plain(c, n), RootsOf(c, n).data())) << n;
+            // Zeros of either sign among the coefficients, then infinities and not-a-number.
+            for (double& value : c)
+                if (samples.NextBelow(3) == 0)
+                    value = samples.NextBelow(2) == 0 ? 0.0 : -0.0;
+            c[0] = round % 2 == 0 ? 1.5 : -1.5;
+            ASSERT_TRUE(HasSameBits(plain(c, n), RootsOf(c, n).data())) << n;
+            c = samples.Hostile(count);
+            ASSERT_TRUE(HasSameBits(plain(c, n), RootsOf(c, n).data())) << n;
+        }
     }
 }
 

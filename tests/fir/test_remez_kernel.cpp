@@ -1,0 +1,220 @@
+#include "fir/remez_kernel.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "fir/remez_exchange.h"
+#include "fir/remez_grid.h"
+#include "support/bits.h"
+#include "support/instruction_sets.h"
+#include "support/plain_remez.h"
+#include "support/samples.h"
+
+namespace trelvanix
+{
+namespace
+{
+
+using Row = std::vector<double>;
+using testing::AvailableInstructionSets;
+using testing::HasSameBits;
+using testing::PlainInterpolation;
+using testing::PlainLagrangeWeight;
+using testing::PlainRemezExchange;
+using testing::SameBits;
+using testing::Samples;
+
+constexpr double epsilon = std::numeric_limits<double>::epsilon();
+
+Row WeightsOf(InstructionSet set, const Row& x, int groupCount)
+{
+    Row weights(x.size());
+    ForInstructionSet(set, baseline::LagrangeWeights, avx2::LagrangeWeights, avx512::LagrangeWeights)(
+        x.data(), static_cast<int>(x.size()), groupCount, weights.data());
+    return weights;
+}
+
+Row ValuesOf(InstructionSet set, const Row& x, const Row& weights, const Row& y, const Row& xf)
+{
+    Row values(xf.size());
+    ForInstructionSet(set, baseline::Interpolate, avx2::Interpolate, avx512::Interpolate)(
+        x.data(), weights.data(), y.data(), static_cast<int>(x.size()), xf.data(),
+        static_cast<int>(xf.size()), values.data());
+    return values;
+}
+
+// ---- Lagrange weights --------------------------------------------------------------------------
+
+TEST(LagrangeWeights, AreTheReciprocalsOfTheProductsOfTwiceTheDifferences)
+{
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        // 2 (1 - 0) * 2 (1 + 1), 2 (0 - 1) * 2 (0 + 1), 2 (-1 - 1) * 2 (-1 - 0)
+        EXPECT_EQ(WeightsOf(set, {1.0, 0.0, -1.0}, 1), (Row{1.0 / 8.0, -1.0 / 4.0, 1.0 / 8.0}));
+        EXPECT_EQ(WeightsOf(set, {1.0}, 1), Row{1.0});
+    }
+}
+
+TEST(LagrangeWeights, EqualNodes_KeepBeingLeftOut)
+{
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        EXPECT_EQ(WeightsOf(set, {1.0, 1.0, 0.5}, 1), (Row{1.0, 1.0, 1.0}));
+        EXPECT_EQ(WeightsOf(set, {0.5, 0.5, 0.5}, 1), (Row{1.0, 1.0, 1.0}));
+    }
+}
+
+TEST(LagrangeWeights, Groups_AreMultipliedOneAfterAnother)
+{
+    const Row x = {0.9, -1.0, -0.11, 0.44, -0.54, 0.89};
+    const auto factor = [&](std::size_t j) { return 2.0 * (0.9 - x[j]); };
+    const double even = factor(2) * factor(4);
+    const double odd = factor(1) * factor(3) * factor(5);
+    const double inOneGo = factor(1) * factor(2) * factor(3) * factor(4) * factor(5);
+    // The order shows in the last bit: these nodes were chosen for it.
+    ASSERT_FALSE(SameBits(1.0 / (even * odd), 1.0 / inOneGo));
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        EXPECT_TRUE(SameBits(WeightsOf(set, x, 2)[0], 1.0 / (even * odd)));
+        EXPECT_TRUE(SameBits(WeightsOf(set, x, 1)[0], 1.0 / inOneGo));
+    }
+}
+
+TEST(LagrangeWeights, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
+{
+    // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Ten groups bring one
+    // of each together.
+    Row x = {0.0};
+    for (int j = 0; j < 10; ++j)
+        x.push_back(-5e39);
+    for (int j = 0; j < 10; ++j)
+        x.push_back(-5e-41);
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        EXPECT_EQ(WeightsOf(set, x, 1)[0], 0.0);
+        EXPECT_NEAR(WeightsOf(set, x, 10)[0], 1.0, 40 * epsilon);
+    }
+}
+
+void ExpectPlainWeights(const Row& x, int groupCount)
+{
+    Row plain;
+    for (int k = 0; k < static_cast<int>(x.size()); ++k)
+        plain.push_back(PlainLagrangeWeight(k, static_cast<int>(x.size()), groupCount, x));
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        ASSERT_TRUE(HasSameBits(plain, WeightsOf(set, x, groupCount).data()))
+            << "instruction set " << static_cast<int>(set) << ", " << x.size() << " nodes, "
+            << groupCount << " groups";
+    }
+}
+
+TEST(LagrangeWeights, HaveTheBitsOfThePlainForm)
+{
+    Samples samples(611);
+    for (int count = 1; count <= 100; ++count) {
+        const auto n = static_cast<std::size_t>(count);
+        for (const int groupCount : {1, 1 + count / 15, count}) {
+            ExpectPlainWeights(samples.Plain(n), groupCount);
+            ExpectPlainWeights(samples.Hostile(n), groupCount);
+        }
+    }
+    ExpectPlainWeights(samples.Plain(300), 20);
+}
+
+// ---- Values ------------------------------------------------------------------------------------
+
+void ExpectPlainValues(const Row& x, const Row& weights, const Row& y, const Row& xf)
+{
+    Row plain;
+    for (const double point : xf)
+        plain.push_back(PlainInterpolation(x, weights, y, point));
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        ASSERT_TRUE(HasSameBits(plain, ValuesOf(set, x, weights, y, xf).data()))
+            << "instruction set " << static_cast<int>(set) << ", " << x.size() << " nodes, "
+            << xf.size() << " points";
+    }
+}
+
+TEST(Interpolate, HasTheBitsOfThePlainForm)
+{
+    Samples samples(612);
+    for (std::size_t nodes = 0; nodes <= 40; ++nodes) {
+        for (const std::size_t points : {0, 1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 31, 32, 33}) {
+            Row x = samples.Plain(nodes);
+            Row xf = samples.Plain(points);
+            if (nodes > 0 && points > 0)
+                xf.back() = x[nodes / 2]; // a point at a node
+            ExpectPlainValues(x, samples.Plain(nodes), samples.Plain(nodes), xf);
+            ExpectPlainValues(samples.Hostile(nodes), samples.Hostile(nodes), samples.Hostile(nodes),
+                              samples.Hostile(points));
+        }
+    }
+    for (std::size_t points = 0; points <= 300; ++points)
+        ExpectPlainValues(samples.Plain(11), samples.Plain(11), samples.Plain(11),
+                          samples.Plain(points));
+    ExpectPlainValues(samples.Plain(300), samples.Plain(300), samples.Plain(300), samples.Plain(300));
+}
+
+TEST(Interpolate, WritesOverItsPoints)
+{
+    Samples samples(613);
+    const Row x = samples.Plain(9), weights = samples.Plain(9), y = samples.Plain(9);
+    const Row xf = samples.Plain(21);
+    for (const InstructionSet set : AvailableInstructionSets()) {
+        Row inPlace = xf;
+        ForInstructionSet(set, baseline::Interpolate, avx2::Interpolate, avx512::Interpolate)(
+            x.data(), weights.data(), y.data(), 9, inPlace.data(), 21, inPlace.data());
+        EXPECT_TRUE(HasSameBits(ValuesOf(set, x, weights, y, xf), inPlace.data()));
+    }
+}
+
+// ---- Whole designs -----------------------------------------------------------------------------
+
+RemezResult ExpectPlainDesign(int order, const Row& edges, const Row& amplitudes, const Row& weights)
+{
+    SCOPED_TRACE("order " + std::to_string(order));
+    RemezProblem problem =
+        DesignGrid(order, edges.data(), amplitudes.data(), static_cast<int>(edges.size()),
+                   weights.data(), static_cast<int>(weights.size()));
+    for (double& f : problem.grid)
+        f *= 0.5;
+    RemezProblem copy = problem;
+    const int gridCount = static_cast<int>(problem.grid.size());
+    const RemezResult plain = PlainRemezExchange(order + 1, copy.grid.data(), copy.desired.data(),
+                                                 copy.weight.data(), gridCount);
+    const RemezResult got = RemezExchange(order + 1, problem.grid.data(), problem.desired.data(),
+                                          problem.weight.data(), gridCount);
+    EXPECT_EQ(got.iterations, plain.iterations);
+    EXPECT_EQ(got.converged, plain.converged);
+    const bool sameCount = got.halfResponse.size() == plain.halfResponse.size();
+    EXPECT_TRUE(sameCount && HasSameBits(plain.halfResponse, got.halfResponse.data()));
+    return plain;
+}
+
+TEST(RemezExchange, HasTheBitsOfThePlainForm)
+{
+    for (int order = 0; order <= 80; ++order) {
+        ExpectPlainDesign(order, {0.0, 0.4, 0.5, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+        // Touching bands: two points of the grid have the same cosine.
+        ExpectPlainDesign(order, {0.0, 0.3, 0.3, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+        ExpectPlainDesign(order, {0.0, 0.2, 0.2, 0.6, 0.6, 1.0}, {0.0, 0.0, 1.0, 1.0, 0.0, 0.0},
+                          {1.0, 1.0, 1.0});
+        ExpectPlainDesign(order, {0.0, 0.31, 0.42, 1.0}, {0.0, 0.0, 1.0, 1.0}, {30.0, 1.0});
+    }
+    for (const int order : {150, 301})
+        ExpectPlainDesign(order, {0.0, 0.4, 0.45, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+}
+
+TEST(RemezExchange, HasTheBitsOfThePlainFormWhereNothingConverges)
+{
+    // Ripple below what doubles hold: the extrema wander until the last of 250 sweeps.
+    EXPECT_FALSE(
+        ExpectPlainDesign(130, {0.0, 0.3, 0.6, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0}).converged);
+    // Points that lie in no band, and a band of no width.
+    ExpectPlainDesign(20, {0.0, 0.6, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+    ExpectPlainDesign(20, {0.0, 0.0, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+    // Weights that make the problem unsolvable.
+    ExpectPlainDesign(20, {0.0, 0.3, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {0.0, 1.0});
+}
+
+} // namespace
+} // namespace trelvanix
