@@ -2,28 +2,13 @@
 
 #include <algorithm>
 #include <bit>
-#include <chrono>
 #include <cstdio>
-#include <limits>
 
 #include "filter_edges.h"
+#include "run_time.h"
 
 namespace
 {
-
-double FastestRun(const DigitalFilter& filter, const std::vector<double>& signal)
-{
-    using Clock = std::chrono::steady_clock;
-    double fastest = std::numeric_limits<double>::infinity();
-    // A run of a second is long enough not to be repeated.
-    for (int run = 0; run < 3 && !(run > 0 && fastest > 1e3); ++run) {
-        const Clock::time_point start = Clock::now();
-        const LibraryArray output = Apply(filter, signal.data(), static_cast<int>(signal.size()));
-        const std::chrono::duration<double, std::milli> time = Clock::now() - start;
-        fastest = std::min(fastest, time.count());
-    }
-    return fastest;
-}
 
 // Eight points for each tap of the longest filter draw a smooth curve. The impulse responses are then
 // some 50 seconds long, and no IIR filter of the chain rings for more than a few.

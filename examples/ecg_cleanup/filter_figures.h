@@ -16,7 +16,7 @@ struct FilterFigures {
     int order = 0, multiplicationsPerSample = 0;
     double stopFrom = 0.0, stopTo = 0.0; // Hz, the band that it has to keep out
     FilterResponse response;
-    double runTime = 0.0; // ms, for the signal, the fastest of up to three runs
+    double runTime = 0.0; // ms, for the signal
 };
 
 // FIR and IIR high-pass, FIR and IIR band-stop, FIR and IIR low-pass.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <complex>
 #include <cstddef>
+#include <utility>
 
 namespace
 {
@@ -40,6 +41,21 @@ double Interpolated(const FilterResponse& response, const std::vector<double>& v
     return std::lerp(values[below], values[below + 1], place - static_cast<double>(below));
 }
 
+// Smallest and largest value from one frequency to another.
+std::pair<double, double> RangeOf(const FilterResponse& response, const std::vector<double>& values,
+                                  double from, double to)
+{
+    std::pair<double, double> range =
+        std::minmax({Interpolated(response, values, from), Interpolated(response, values, to)});
+    for (std::size_t k = 0; k < values.size(); ++k) {
+        if (response.frequencies[k] < from || response.frequencies[k] > to)
+            continue;
+        range.first = std::min(range.first, values[k]);
+        range.second = std::max(range.second, values[k]);
+    }
+    return range;
+}
+
 } // namespace
 
 FilterResponse ResponseOf(const DigitalFilter& filter, double rate, int pointCount)
@@ -64,21 +80,18 @@ FilterResponse ResponseOf(const DigitalFilter& filter, double rate, int pointCou
 
 MagnitudeRange RangeWithin(const FilterResponse& response, double from, double to)
 {
-    const double first = Interpolated(response, response.magnitudes, from);
-    const double last = Interpolated(response, response.magnitudes, to);
-    MagnitudeRange range{std::min(first, last), std::max(first, last)};
-    for (std::size_t k = 0; k < response.frequencies.size(); ++k) {
-        if (response.frequencies[k] < from || response.frequencies[k] > to)
-            continue;
-        range.smallest = std::min(range.smallest, response.magnitudes[k]);
-        range.largest = std::max(range.largest, response.magnitudes[k]);
-    }
-    return range;
+    const auto [smallest, largest] = RangeOf(response, response.magnitudes, from, to);
+    return {smallest, largest};
 }
 
 double DelayAt(const FilterResponse& response, double frequency)
 {
     return Interpolated(response, response.delays, frequency);
+}
+
+double LargestDelayWithin(const FilterResponse& response, double from, double to)
+{
+    return RangeOf(response, response.delays, from, to).second;
 }
 
 double Decibels(double magnitude)

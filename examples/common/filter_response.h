@@ -27,6 +27,9 @@ MagnitudeRange RangeWithin(const FilterResponse& response, double from, double t
 // Group delay in s at a frequency between 0 and Nyquist.
 double DelayAt(const FilterResponse& response, double frequency);
 
+// Largest group delay in s from one frequency to another, both between 0 and Nyquist.
+double LargestDelayWithin(const FilterResponse& response, double from, double to);
+
 // 20 log10 of the magnitude. An exact zero has no logarithm; -200 dB is far below what rounding leaves
 // of it.
 double Decibels(double magnitude);
