@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Builds the library and the example host, cleans a real electrocardiogram with it and draws the result.
+# Builds the library and the example hosts, cleans a real electrocardiogram with it, compares the families of
+# filters on it and draws the results.
 #   scripts/demo.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 build=build/demo
-results=$build/ecg
-picture=$results/ecg.png
+recording=examples/data/mitdb_208_mlii_60s.csv
 log=$build/build.log
 
 scripts/install_packages.sh demo
@@ -19,15 +19,27 @@ if ! { cmake --preset release -B "$build" -DTRELVANIX_BUILD_TESTS=OFF -DTRELVANI
   exit 1
 fi
 
-"$build/examples/ecg_cleanup" examples/data/mitdb_208_mlii_60s.csv "$results"
-
-# Under its name only when complete.
-unfinished=$(mktemp "$results/ecg.XXXXXX.part")
+unfinished=
 trap 'rm -f "$unfinished"' EXIT
-gnuplot -c examples/ecg_cleanup/plot.gp "$results" "$unfinished"
-chmod 644 "$unfinished"
-mv "$unfinished" "$picture"
+
+# draw SCRIPT FOLDER PICTURE: the picture gets its name only when complete.
+draw() {
+  unfinished=$(mktemp "$2/picture.XXXXXX.part")
+  gnuplot -c "$1" "$2" "$unfinished"
+  chmod 644 "$unfinished"
+  mv "$unfinished" "$3"
+}
+
+echo "== ecg_cleanup: baseline, mains and muscle noise taken off"
+"$build/examples/ecg_cleanup" "$recording" "$build/ecg"
+draw examples/ecg_cleanup/plot.gp "$build/ecg" "$build/ecg/ecg.png"
 
 echo
-echo "cleaned signal   $results/cleaned.csv"
-echo "picture          $picture"
+echo "== filter_families: from requirements to a low-pass of each family"
+"$build/examples/filter_families" "$recording" "$build/families"
+draw examples/filter_families/plot_families.gp "$build/families" "$build/families/families.png"
+
+echo
+echo "cleaned signal   $build/ecg/cleaned.csv"
+echo "pictures         $build/ecg/ecg.png"
+echo "                 $build/families/families.png"
