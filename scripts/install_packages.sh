@@ -1,16 +1,23 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given jobs need and that are missing.
-#   scripts/install_packages.sh JOB...     JOB: demo, test
+#   scripts/install_packages.sh JOB...     JOB: bench, demo, test
 # As root, or with sudo; does nothing, and takes no time, when everything is there.
 set -euo pipefail
 
 demo_packages=(cmake make g++ gnuplot-nox libcli11-dev)
+bench_packages=(
+  cmake make g++ pkg-config
+  libbenchmark-dev                                 # measuring
+  libfftw3-dev libgsl-dev libkissfft-dev libliquid-dev   # peers with a C or C++ interface
+  python3 python3-numpy python3-scipy              # peers in Python
+  python3-matplotlib                               # the figure
+)
 test_packages=(
   "${demo_packages[@]}"
+  "${bench_packages[@]}"
   git                                              # the list of source files
   libgtest-dev                                     # unit tests
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
-  libbenchmark-dev                                 # benchmarks
   clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
   g++-mingw-w64-x86-64-posix googletest            # Windows cross build and its tests
   dpkg-dev file lintian pkg-config                 # Debian packages, hosts built by pkg-config
@@ -30,9 +37,10 @@ optional_test_packages=(
 packages=() optional_packages=()
 for job in "$@"; do
   case $job in
+    bench) packages+=("${bench_packages[@]}") ;;
     demo) packages+=("${demo_packages[@]}") ;;
     test) packages+=("${test_packages[@]}") optional_packages+=("${optional_test_packages[@]}") ;;
-    *) echo "install_packages.sh: unknown job '$job'; it is demo or test" >&2; exit 2 ;;
+    *) echo "install_packages.sh: unknown job '$job'; it is bench, demo or test" >&2; exit 2 ;;
   esac
 done
 

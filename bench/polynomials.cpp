@@ -1,0 +1,85 @@
+// Roots of polynomials whose constant term equals the leading coefficient, the only ones that Trelvanix
+// solves; the peer is given the same polynomial.
+#include <gsl/gsl_poly.h>
+
+#include <algorithm>
+#include <complex>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "families.h"
+#include "rows.h"
+#include "support/samples.h"
+
+namespace trelvanix::bench
+{
+namespace
+{
+
+// n + 1 coefficients, highest power first.
+std::vector<double> Coefficients(std::size_t degree)
+{
+    std::vector<double> c = trelvanix::testing::Samples(4).Plain(degree + 1);
+    c.front() = 1.0;
+    c.back() = 1.0;
+    return c;
+}
+
+LibraryArray RootsOf(const std::vector<double>& c)
+{
+    return LibraryArray(Roots(c.data(), static_cast<int>(c.size() - 1)));
+}
+
+// The largest distance from a root of ours to the nearest of theirs that no other root has taken. The
+// roots of these polynomials lie near the unit circle.
+double Distance(const double* ours, std::vector<double> theirs)
+{
+    double largest = 0.0;
+    while (!theirs.empty()) {
+        const std::complex<double> root(ours[0], ours[1]);
+        std::size_t nearest = 0;
+        double distance = std::numeric_limits<double>::infinity();
+        for (std::size_t i = 0; i < theirs.size(); i += 2) {
+            const double here = std::abs(root - std::complex<double>(theirs[i], theirs[i + 1]));
+            if (here < distance) {
+                distance = here;
+                nearest = i;
+            }
+        }
+        largest = std::max(largest, distance);
+        const auto taken = theirs.begin() + static_cast<std::ptrdiff_t>(nearest);
+        theirs.erase(taken, taken + 2);
+        ours += 2;
+    }
+    return largest;
+}
+
+} // namespace
+
+void AddPolynomials()
+{
+    for (const std::size_t degree : {25, 50, 100, 200, 400}) {
+        const std::string size = "degree " + std::to_string(degree);
+        AddRow("Roots", size, ownSide, [degree](benchmark::State& state) {
+            const std::vector<double> c = Coefficients(degree);
+            Measure(state, [&] { RootsOf(c); });
+        });
+        AddRow("Roots", size, "GSL", [degree](benchmark::State& state) {
+            const std::vector<double> c = Coefficients(degree);
+            const std::vector<double> ascending(c.rbegin(), c.rend());
+            std::vector<double> roots(2 * degree);
+            const auto solve = [&] {
+                gsl_poly_complex_workspace* work = gsl_poly_complex_workspace_alloc(degree + 1);
+                gsl_poly_complex_solve(ascending.data(), degree + 1, work, roots.data());
+                gsl_poly_complex_workspace_free(work);
+            };
+            solve();
+            // Such roots are known to about a thousand roundings at degree 400.
+            if (ReportDifference(state, Distance(RootsOf(c).get(), roots), 1e-10))
+                Measure(state, solve);
+        });
+    }
+}
+
+} // namespace trelvanix::bench
