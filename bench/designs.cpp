@@ -86,6 +86,9 @@ void AddIirDesigns()
                  [](int order, int type, double* wn, double* a, double* b) {
                      Chebyshv2(order, 40.0, wn, static_cast<unsigned int>(type), digital, a, b);
                  });
+    AddIirDesign("Elliptic", {4, 8}, edges, [](int order, int type, double* wn, double* a, double* b) {
+        Elliptic(order, 1.0, 40.0, wn, static_cast<unsigned int>(type), digital, a, b);
+    });
     // Order 4 of the library does not hold a Bessel filter.
     AddIirDesign(
         "Bessel", {5, 8}, analogEdges,

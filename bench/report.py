@@ -65,7 +65,8 @@ class Results:
         sides = self.families.setdefault(family, {}).setdefault(size, {})
         measurement = sides.setdefault(side, Measurement([], label))
         measurement.times.append(entry["cpu_time"] * NANOSECONDS[entry["time_unit"]])
-        measurement.heap_peak = entry.get("heap_peak", measurement.heap_peak)
+        if "heap_peak" in entry:  # the least: the allocator may round a block up to what it has
+            measurement.heap_peak = min(entry["heap_peak"], measurement.heap_peak or entry["heap_peak"])
         if "rate" in entry:
             measurement.rate = max(entry["rate"], measurement.rate or 0.0)
 
@@ -211,7 +212,7 @@ def limits_section(sizes):
 
 
 def context_lines(context):
-    wanted = ("date", "processor", "num_cpus", "compiler", "FFTW", "GSL", "KissFFT", "liquid-dsp", "NumPy", "SciPy", "Python")
+    wanted = ("date", "processor", "num_cpus", "compiler", "FFTW", "GSL", "KissFFT", "liquid-dsp", "NumPy", "BLAS", "SciPy", "Python")
     return "".join(f"- {key}: {context[key]}\n" for key in wanted if key in context)
 
 

@@ -9,7 +9,8 @@ bench_packages=(
   cmake make g++ pkg-config
   libbenchmark-dev                                 # measuring
   libfftw3-dev libgsl-dev libkissfft-dev libliquid-dev   # peers with a C or C++ interface
-  python3 python3-numpy python3-scipy              # peers in Python
+  python3 python3-numpy python3-scipy              # peers in Python,
+  libopenblas0-serial                              # with the fast one of Debian's libraries below them
   python3-matplotlib                               # the figure
 )
 test_packages=(
