@@ -22,10 +22,10 @@ void AddWindows()
         for (const auto& [name, window] :
              {std::pair{"Hamming", hamming}, std::pair{"Kaiser", kaiser}}) {
             AddRow("Window design", std::string(name) + ", order " + std::to_string(order), ownSide,
-                   [order, window](benchmark::State& state) {
-                       Measure(state, [&] {
+                   [order, window] {
+                       return Subject{.call = [order, window] {
                            LibraryArray(CreateFirByWindow(order, lowpass, window, 0.3, 0.5));
-                       });
+                       }};
                    });
         }
     }
@@ -40,10 +40,10 @@ void AddEquiripple()
         for (const auto& [name, width] :
              {std::pair{"60 dB", 5.8 / order}, std::pair{"0.4 to 0.5", 0.1}}) {
             AddRow("Equiripple design", std::string(name) + ", order " + std::to_string(order), ownSide,
-                   [order, width](benchmark::State& state) {
-                       Measure(state, [&] {
+                   [order, width] {
+                       return Subject{.call = [order, width] {
                            LibraryArray(CreateFirByRemez(order, lowpass, 0.4, 0.4 + width));
-                       });
+                       }};
                    });
         }
     }
@@ -58,14 +58,14 @@ void AddIirDesign(const std::string& name, const std::array<int, 2>& orders,
          {std::pair{"lowpass", lowpass}, std::pair{"bandpass", bandpass}}) {
         for (const int order : orders) {
             AddRow("IIR design", name + " " + typeName + ", order " + std::to_string(order), ownSide,
-                   [=](benchmark::State& state) {
-                       std::vector<double> a(static_cast<std::size_t>(2 * order) + 1), b(a.size());
-                       Measure(state, [&] {
+                   [=] {
+                       const std::vector<double> coefficients(static_cast<std::size_t>(2 * order) + 1);
+                       return Subject{.call = [=, a = coefficients, b = coefficients]() mutable {
                            std::array<double, 2> wn = edges; // the band types overwrite it
                            if (type == lowpass)
                                wn[0] = edges[1];
                            design(order, type, wn.data(), a.data(), b.data());
-                       });
+                       }};
                    });
         }
     }

@@ -1,7 +1,10 @@
 // FIR and IIR filtering of a million samples.
+#include <benchmark/benchmark.h>
 #include <liquid/liquid.h>
 
+#include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -71,34 +74,40 @@ std::vector<double> Double(const std::vector<float>& values)
 // Filters of liquid-dsp exist in single precision alone. Some 2e-7 for each of up to a thousand roundings
 // whose errors mostly cancel, against the largest output.
 constexpr double singleTolerance = 1e-5;
+constexpr const char* liquidSide = "liquid-dsp, single precision";
 
 void AddFir(std::size_t tapCount)
 {
     const std::string size = std::to_string(tapCount) + " taps";
-    AddRow("FIR", size, ownSide, [tapCount](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), taps = Taps(tapCount);
-        Measure(state, [&] { Filtered(signal, taps); });
+    AddRow("FIR", size, ownSide, [tapCount] {
+        return Subject{.call = [signal = Signal(), taps = Taps(tapCount)] { Filtered(signal, taps); }};
     });
-    AddRow("FIR", size, plainSide, [tapCount](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), taps = Taps(tapCount);
-        const LibraryArray filtered = Filtered(signal, taps);
-        MeasurePlain(state, filtered.get(),
-                     [&] { return trelvanix::testing::PlainFirFilter(signal, taps); });
+    AddRow("FIR", size, plainSide, [tapCount] {
+        const auto plain = std::make_shared<std::vector<double>>();
+        return Subject{
+            .call = [plain, signal = Signal(),
+                     taps =
+                         Taps(tapCount)] { *plain = trelvanix::testing::PlainFirFilter(signal, taps); },
+            .check = [plain,
+                      tapCount] { return SameBits(Filtered(Signal(), Taps(tapCount)).get(), *plain); }};
     });
-    AddRow("FIR", size, "liquid-dsp, single precision", [tapCount](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), taps = Taps(tapCount);
-        std::vector<float> x = Single(signal), y(signalLength);
+    AddRow("FIR", size, liquidSide, [tapCount] {
+        const std::vector<double> taps = Taps(tapCount);
         // liquid-dsp puts the first tap on the newest sample, Trelvanix the last one.
-        std::vector<float> h = Single({taps.rbegin(), taps.rend()});
-        const auto filter = [&] {
-            firfilt_rrrf q = firfilt_rrrf_create(h.data(), static_cast<unsigned int>(tapCount));
-            firfilt_rrrf_execute_block(q, x.data(), signalLength, y.data());
-            firfilt_rrrf_destroy(q);
-        };
-        filter();
-        if (Agrees(state, Filtered(signal, taps).get(), Double(y).data(), signalLength,
-                   singleTolerance))
-            Measure(state, filter);
+        const std::vector<double> reversed(taps.rbegin(), taps.rend());
+        const auto y = std::make_shared<std::vector<float>>(signalLength);
+        return Subject{.call =
+                           [y, x = Single(Signal()), h = Single(reversed)]() mutable {
+                               firfilt_rrrf q =
+                                   firfilt_rrrf_create(h.data(), static_cast<unsigned int>(h.size()));
+                               firfilt_rrrf_execute_block(q, x.data(), signalLength, y->data());
+                               firfilt_rrrf_destroy(q);
+                           },
+                       .check =
+                           [y, taps] {
+                               return Within(singleTolerance, Filtered(Signal(), taps).get(),
+                                             Double(*y).data(), signalLength);
+                           }};
     });
 }
 
@@ -122,40 +131,47 @@ template <int count>
 void AddIir()
 {
     const std::string size = std::to_string(count) + " coefficients";
-    AddRow("IIR", size, ownSide, [](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), b = Taps(count), a = Denominator(count);
-        Measure(state, [&] { Filtered(signal, b, a); });
+    AddRow("IIR", size, ownSide, [] {
+        return Subject{.call = [signal = Signal(), b = Taps(count), a = Denominator(count)] {
+            Filtered(signal, b, a);
+        }};
     });
-    AddRow("IIR", size, "dependent chain", [](benchmark::State& state) {
-        const std::vector<double> forward = Signal();
+    AddRow("IIR", size, "dependent chain", [] {
         std::array<double, count> older{};
-        for (std::size_t k = 0; k < count; ++k)
-            older[k] = Denominator(count)[k];
-        Measure(state, [&] {
+        std::ranges::copy(Denominator(count), older.begin());
+        return Subject{.call = [forward = Signal(), older]() mutable {
             benchmark::DoNotOptimize(older);
             double y = DependentChain<count>(forward, 0.5, older);
             benchmark::DoNotOptimize(y);
-        });
+        }};
     });
-    AddRow("IIR", size, plainSide, [](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), b = Taps(count), a = Denominator(count);
-        const LibraryArray filtered = Filtered(signal, b, a);
-        MeasurePlain(state, filtered.get(),
-                     [&] { return trelvanix::testing::PlainIirFilter(signal, b, a); });
+    AddRow("IIR", size, plainSide, [] {
+        const auto plain = std::make_shared<std::vector<double>>();
+        return Subject{.call =
+                           [plain, signal = Signal(), b = Taps(count), a = Denominator(count)] {
+                               *plain = trelvanix::testing::PlainIirFilter(signal, b, a);
+                           },
+                       .check =
+                           [plain] {
+                               return SameBits(
+                                   Filtered(Signal(), Taps(count), Denominator(count)).get(), *plain);
+                           }};
     });
-    AddRow("IIR", size, "liquid-dsp, single precision", [](benchmark::State& state) {
-        const std::vector<double> signal = Signal(), b = Taps(count), a = Denominator(count);
-        std::vector<float> x = Single(signal), y(signalLength), numerator = Single(b),
-                           denominator = Single(a);
-        const auto filter = [&] {
-            iirfilt_rrrf q = iirfilt_rrrf_create(numerator.data(), count, denominator.data(), count);
-            iirfilt_rrrf_execute_block(q, x.data(), signalLength, y.data());
-            iirfilt_rrrf_destroy(q);
-        };
-        filter();
-        if (Agrees(state, Filtered(signal, b, a).get(), Double(y).data(), signalLength,
-                   singleTolerance))
-            Measure(state, filter);
+    AddRow("IIR", size, liquidSide, [] {
+        const auto y = std::make_shared<std::vector<float>>(signalLength);
+        return Subject{.call =
+                           [y, x = Single(Signal()), b = Single(Taps(count)),
+                            a = Single(Denominator(count))]() mutable {
+                               iirfilt_rrrf q = iirfilt_rrrf_create(b.data(), count, a.data(), count);
+                               iirfilt_rrrf_execute_block(q, x.data(), signalLength, y->data());
+                               iirfilt_rrrf_destroy(q);
+                           },
+                       .check =
+                           [y] {
+                               return Within(singleTolerance,
+                                             Filtered(Signal(), Taps(count), Denominator(count)).get(),
+                                             Double(*y).data(), signalLength);
+                           }};
     });
 }
 

@@ -1,6 +1,9 @@
+#include <benchmark/benchmark.h>
+
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,16 +15,11 @@ namespace trelvanix::bench
 namespace
 {
 
-// Runs the loop of `steps` operations and reports the rate.
-template <class Loop>
-void AddRate(const std::string& what, double operationsPerCall, Loop loop)
+void AddRate(const std::string& operation, const std::string& unit, double operationsPerCall,
+             const std::function<void()>& loop)
 {
-    AddRow("Limits", what, "machine", [operationsPerCall, loop](benchmark::State& state) {
-        for ([[maybe_unused]] auto _ : state)
-            loop();
-        state.counters["rate"] =
-            benchmark::Counter(operationsPerCall, benchmark::Counter::kIsIterationInvariantRate);
-    });
+    AddRow("Limits", operation + ", " + unit, "machine",
+           [=] { return Subject{.call = loop, .operationsPerCall = operationsPerCall}; });
 }
 
 constexpr int chainLength = 10000;
@@ -81,13 +79,13 @@ void MultiplyThenAddSse2()
 void AddMultiplyThenAdd()
 {
     constexpr double pairs = double{sumCount} * stepCount;
-    AddRate("multiply then add, 2 doubles at a time, pairs", 2 * pairs, MultiplyThenAddSse2);
+    AddRate("multiply then add, 2 doubles at a time", "pairs", 2 * pairs, MultiplyThenAddSse2);
 #if defined(__x86_64__)
     if (__builtin_cpu_supports("avx2"))
-        AddRate("multiply then add, 4 doubles at a time (AVX2), pairs", 4 * pairs,
+        AddRate("multiply then add, 4 doubles at a time (AVX2)", "pairs", 4 * pairs,
                 MultiplyThenAddAvx2);
     if (__builtin_cpu_supports("avx512f"))
-        AddRate("multiply then add, 8 doubles at a time (AVX-512), pairs",
+        AddRate("multiply then add, 8 doubles at a time (AVX-512)", "pairs",
                 8.0 * sumCountAvx512 * stepCount, MultiplyThenAddAvx512);
 #endif
 }
@@ -96,7 +94,7 @@ void AddMultiplyThenAdd()
 void AddSineAndCosine()
 {
     constexpr int count = 1024;
-    AddRate("sine and cosine of an angle, pairs", count, [] {
+    AddRate("sine and cosine of an angle", "pairs", count, [] {
         for (int k = 0; k < count; ++k) {
             const double angle = -3.141592653589793 * k / count;
             double c = std::cos(angle), s = std::sin(angle);
@@ -109,17 +107,16 @@ void AddSineAndCosine()
 void AddMemory()
 {
     constexpr std::size_t bytes = std::size_t{64} << 20, page = 4096;
-    AddRow("Limits", "copying 64 MiB (read and written), bytes", "machine",
-           [](benchmark::State& state) {
-               std::vector<char> from(bytes, 1), to(bytes, 2);
-               for ([[maybe_unused]] auto _ : state) {
-                   std::memcpy(to.data(), from.data(), bytes);
-                   benchmark::ClobberMemory();
-               }
-               state.counters["rate"] =
-                   benchmark::Counter(2.0 * bytes, benchmark::Counter::kIsIterationInvariantRate);
-           });
-    AddRate("first touch of fresh memory, pages of 4 KiB", double{bytes / page}, [] {
+    AddRow("Limits", "copying 64 MiB (read and written), bytes", "machine", [] {
+        return Subject{
+            .call =
+                [from = std::vector<char>(bytes, 1), to = std::vector<char>(bytes, 2)]() mutable {
+                    std::memcpy(to.data(), from.data(), bytes);
+                    benchmark::ClobberMemory();
+                },
+            .operationsPerCall = 2.0 * bytes};
+    });
+    AddRate("first touch of fresh memory", "pages of 4 KiB", double{bytes / page}, [] {
         char* block = static_cast<char*>(std::malloc(bytes));
         for (std::size_t i = 0; i < bytes; i += page)
             static_cast<volatile char*>(block)[i] = 1;
@@ -131,7 +128,7 @@ void AddMemory()
 
 void AddLimits()
 {
-    AddRate("chain of dependent sums, sums", chainLength, AddChain);
+    AddRate("chain of dependent sums", "sums", chainLength, AddChain);
     AddMultiplyThenAdd();
     AddSineAndCosine();
     AddMemory();

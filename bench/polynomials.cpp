@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <complex>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -61,23 +62,21 @@ void AddPolynomials()
 {
     for (const std::size_t degree : {25, 50, 100, 200, 400}) {
         const std::string size = "degree " + std::to_string(degree);
-        AddRow("Roots", size, ownSide, [degree](benchmark::State& state) {
+        AddRow("Roots", size, ownSide,
+               [degree] { return Subject{.call = [c = Coefficients(degree)] { RootsOf(c); }}; });
+        AddRow("Roots", size, "GSL", [degree] {
             const std::vector<double> c = Coefficients(degree);
-            Measure(state, [&] { RootsOf(c); });
-        });
-        AddRow("Roots", size, "GSL", [degree](benchmark::State& state) {
-            const std::vector<double> c = Coefficients(degree);
-            const std::vector<double> ascending(c.rbegin(), c.rend());
-            std::vector<double> roots(2 * degree);
-            const auto solve = [&] {
-                gsl_poly_complex_workspace* work = gsl_poly_complex_workspace_alloc(degree + 1);
-                gsl_poly_complex_solve(ascending.data(), degree + 1, work, roots.data());
-                gsl_poly_complex_workspace_free(work);
-            };
-            solve();
-            // Such roots are known to about a thousand roundings at degree 400.
-            if (ReportDifference(state, Distance(RootsOf(c).get(), roots), 1e-10))
-                Measure(state, solve);
+            const auto roots = std::make_shared<std::vector<double>>(2 * degree);
+            return Subject{
+                .call =
+                    [roots, ascending = std::vector<double>(c.rbegin(), c.rend())] {
+                        const std::size_t count = ascending.size();
+                        gsl_poly_complex_workspace* work = gsl_poly_complex_workspace_alloc(count);
+                        gsl_poly_complex_solve(ascending.data(), count, work, roots->data());
+                        gsl_poly_complex_workspace_free(work);
+                    },
+                // Such roots are known to about a thousand roundings at degree 400.
+                .check = [roots, c] { return Within(1e-10, Distance(RootsOf(c).get(), *roots)); }};
         });
     }
 }

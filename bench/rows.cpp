@@ -1,54 +1,91 @@
 #include "rows.h"
 
+#include <benchmark/benchmark.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
+#include <optional>
 #include <sstream>
-#include <utility>
+
+#include "heap_peak.h"
 
 namespace trelvanix::bench
 {
+namespace
+{
 
-void AddRow(const std::string& family, const std::string& size, const std::string& side, Row row)
+class Row
+{
+public:
+    explicit Row(std::function<Subject()> makeSubject) : make(std::move(makeSubject))
+    {
+    }
+
+    void operator()(benchmark::State& state)
+    {
+        const Subject subject = make();
+        if (!verdict) {
+            heapPeak = static_cast<double>(HeapPeak(subject.call));
+            verdict = subject.check ? subject.check() : Verdict{};
+        }
+        if (!verdict->agrees) {
+            state.SkipWithError(verdict->label.c_str());
+            return;
+        }
+        state.SetLabel(verdict->label);
+        for ([[maybe_unused]] auto _ : state)
+            subject.call();
+        state.counters["heap_peak"] = heapPeak;
+        if (subject.operationsPerCall > 0.0) {
+            state.counters["rate"] = benchmark::Counter(subject.operationsPerCall,
+                                                        benchmark::Counter::kIsIterationInvariantRate);
+        }
+    }
+
+private:
+    std::function<Subject()> make;
+    std::optional<Verdict> verdict; // of the first time
+    double heapPeak = 0.0;
+};
+
+} // namespace
+
+void AddRow(const std::string& family, const std::string& size, const std::string& side,
+            const std::function<Subject()>& make)
 {
     const std::string name = family + "/" + size + "/" + side;
     auto* registered = benchmark::RegisterBenchmark(
-        name.c_str(), [row = std::move(row)](benchmark::State& state) { row(state); });
+        name.c_str(), [row = Row(make)](benchmark::State& state) mutable { row(state); });
+    // The plain forms take seconds, and their times matter less.
     if (side == plainSide)
         registered->Repetitions(3);
 }
 
-bool ReportDifference(benchmark::State& state, double difference, double tolerance)
+Verdict Within(double tolerance, double difference)
 {
     std::ostringstream label;
     label << "difference " << difference << ", tolerance " << tolerance;
-    const bool agrees = difference <= tolerance; // false for not-a-number
-    if (agrees)
-        state.SetLabel(label.str());
-    else
-        state.SkipWithError(label.str().c_str());
-    return agrees;
+    return {.agrees = difference <= tolerance, .label = label.str()}; // not-a-number does not agree
 }
 
-bool Agrees(benchmark::State& state, const double* ours, const double* theirs, std::size_t count,
-            double tolerance)
+Verdict Within(double tolerance, const double* ours, const double* theirs, std::size_t count)
 {
     double largest = 0.0, difference = 0.0;
     for (std::size_t i = 0; i < count; ++i) {
         if (std::isnan(ours[i]) || std::isnan(theirs[i]))
-            return ReportDifference(state, NAN, tolerance);
+            return Within(tolerance, std::numeric_limits<double>::quiet_NaN());
         largest = std::max(largest, std::abs(ours[i]));
         difference = std::max(difference, std::abs(ours[i] - theirs[i]));
     }
-    return ReportDifference(state, difference / largest, tolerance);
+    return Within(tolerance, difference / largest);
 }
 
-void CompareBits(benchmark::State& state, const double* ours, const std::vector<double>& plain)
+Verdict SameBits(const double* ours, const std::vector<double>& plain)
 {
-    if (std::memcmp(ours, plain.data(), plain.size() * sizeof(double)) == 0)
-        state.SetLabel("same bits");
-    else
-        state.SkipWithError("bits differ");
+    const bool same = std::memcmp(ours, plain.data(), plain.size() * sizeof(double)) == 0;
+    return {.agrees = same, .label = same ? "same bits" : "bits differ"};
 }
 
 } // namespace trelvanix::bench

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <complex>
 #include <kissfft/kissfft.hh>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -201,6 +202,11 @@ private:
     std::vector<double> input, output;
 };
 
+// Some 22 stages of one rounding each, seen against the largest value.
+constexpr double tolerance = 1e-14;
+// The factors of GSL's plain radix-2 transform come from a recurrence, whose errors grow with the length.
+constexpr double recurrenceTolerance = 1e-12;
+
 std::vector<double> Input(std::size_t n)
 {
     return trelvanix::testing::Samples(1).Plain(2 * n);
@@ -211,20 +217,29 @@ LibraryArray Spectrum(const std::vector<double>& input)
     return LibraryArray(FFT(input.data(), 0, static_cast<int>(input.size() / 2)));
 }
 
-// Some 22 stages of one rounding each, seen against the largest value.
-constexpr double tolerance = 1e-14;
-// The factors of GSL's plain radix-2 transform come from a recurrence, whose errors grow with the length.
-constexpr double recurrenceTolerance = 1e-12;
-
 template <class Peer>
 void AddPeer(const std::string& size, const std::string& side, std::size_t n, double within)
 {
-    AddRow("FFT", size, side, [n, within](benchmark::State& state) {
-        const std::vector<double> input = Input(n);
-        Peer peer(input);
-        peer.Transform();
-        if (Agrees(state, Spectrum(input).get(), peer.Spectrum(), 2 * n, within))
-            Measure(state, [&] { peer.Transform(); });
+    AddRow("FFT", size, side, [n, within] {
+        const auto peer = std::make_shared<Peer>(Input(n));
+        return Subject{.call = [peer] { peer->Transform(); },
+                       .check =
+                           [peer, n, within] {
+                               return Within(within, Spectrum(Input(n)).get(), peer->Spectrum(), 2 * n);
+                           }};
+    });
+}
+
+void AddOwn(const std::string& size, std::size_t n)
+{
+    AddRow("FFT", size, ownSide,
+           [n] { return Subject{.call = [input = Input(n)] { Spectrum(input); }}; });
+    AddRow("FFT", size, plainSide, [n] {
+        const auto plain = std::make_shared<std::vector<double>>();
+        return Subject{
+            .call = [plain,
+                     input = Input(n)] { *plain = trelvanix::testing::PlainForwardTransform(input); },
+            .check = [plain, n] { return SameBits(Spectrum(Input(n)).get(), *plain); }};
     });
 }
 
@@ -235,16 +250,7 @@ void AddTransforms()
     for (int exponent = 4; exponent <= 22; exponent += 2) {
         const std::size_t n = std::size_t{1} << exponent;
         const std::string size = "2^" + std::to_string(exponent);
-        AddRow("FFT", size, ownSide, [n](benchmark::State& state) {
-            const std::vector<double> input = Input(n);
-            Measure(state, [&] { Spectrum(input); });
-        });
-        AddRow("FFT", size, plainSide, [n](benchmark::State& state) {
-            const std::vector<double> input = Input(n);
-            const LibraryArray spectrum = Spectrum(input);
-            MeasurePlain(state, spectrum.get(),
-                         [&] { return trelvanix::testing::PlainForwardTransform(input); });
-        });
+        AddOwn(size, n);
         AddPeer<FftwPlanKept>(size, "FFTW, plan kept", n, tolerance);
         AddPeer<FftwPlanInCall>(size, "FFTW, plan in each call", n, tolerance);
         AddPeer<KissFft>(size, "KissFFT", n, tolerance);
