@@ -60,9 +60,9 @@ LibraryArray Filtered(const std::vector<double>& signal, const std::vector<doubl
 
 std::vector<float> Single(const std::vector<double>& values)
 {
-    std::vector<float> single;
-    for (const double value : values)
-        single.push_back(static_cast<float>(value));
+    std::vector<float> single(values.size());
+    std::ranges::transform(values, single.begin(),
+                           [](double value) { return static_cast<float>(value); });
     return single;
 }
 
@@ -179,7 +179,7 @@ void AddIir()
 
 void AddFilters()
 {
-    for (const std::size_t tapCount : {16, 64, 256, 1024})
+    for (const std::size_t tapCount : {16U, 64U, 256U, 1024U})
         AddFir(tapCount);
     AddIir<3>();
     AddIir<5>();

@@ -106,7 +106,7 @@ void AddSineAndCosine()
 
 void AddMemory()
 {
-    constexpr std::size_t bytes = std::size_t{64} << 20, page = 4096;
+    constexpr std::size_t page = 4096, pages = 16384, bytes = pages * page;
     AddRow("Limits", "copying 64 MiB (read and written), bytes", "machine", [] {
         return Subject{
             .call =
@@ -116,7 +116,7 @@ void AddMemory()
                 },
             .operationsPerCall = 2.0 * bytes};
     });
-    AddRate("first touch of fresh memory", "pages of 4 KiB", double{bytes / page}, [] {
+    AddRate("first touch of fresh memory", "pages of 4 KiB", pages, [] {
         char* block = static_cast<char*>(std::malloc(bytes));
         for (std::size_t i = 0; i < bytes; i += page)
             static_cast<volatile char*>(block)[i] = 1;

@@ -60,7 +60,7 @@ double Distance(const double* ours, std::vector<double> theirs)
 
 void AddPolynomials()
 {
-    for (const std::size_t degree : {25, 50, 100, 200, 400}) {
+    for (const std::size_t degree : {25U, 50U, 100U, 200U, 400U}) {
         const std::string size = "degree " + std::to_string(degree);
         AddRow("Roots", size, ownSide,
                [degree] { return Subject{.call = [c = Coefficients(degree)] { RootsOf(c); }}; });
