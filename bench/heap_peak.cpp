@@ -27,7 +27,7 @@ struct Heap {
 };
 
 // The allocator has no other place to find it.
-Heap heap; // NOLINT(misc-use-internal-linkage)
+Heap heap;
 
 void* Taken(void* block)
 {

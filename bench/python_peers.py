@@ -29,7 +29,7 @@ import fir_library
 import trelvanix_iir
 import trelvanix_library
 
-ROUNDS = 11
+ROUNDS = 9
 SECONDS_A_ROUND = 0.03
 LOWPASS, BANDPASS = 0, 2
 

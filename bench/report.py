@@ -185,7 +185,7 @@ def checks(sizes, side):
 def family_section(family, sizes):
     sides = sides_of(sizes)
     others = [side for side in sides if side != OWN]
-    lines = [f"## {family}\n", "Microseconds of one call, minimum (median); heap of our call at its peak.\n"]
+    lines = [f"### {family}\n", "Microseconds of one call, minimum (median); heap of our call at its peak.\n"]
     rows = []
     for size, measurements in sizes.items():
         heap = measurements[OWN].heap_peak if OWN in measurements else None
@@ -208,7 +208,7 @@ def limits_section(sizes):
         operation, unit = what.rsplit(", ", 1)
         rate = next(iter(sides.values())).rate
         rows.append([operation, unit, f"{rate / 1e9:.3g}", f"{1e9 / rate:.3g}"])
-    return "## Limits of the machine\n\n" + table(["operation", "unit", "10^9 a second", "ns each"], rows)
+    return "### Limits of the machine\n\n" + table(["operation", "unit", "10^9 a second", "ns each"], rows)
 
 
 def context_lines(context):
@@ -220,7 +220,7 @@ def markdown(results):
     parts = [context_lines(results.context)]
     aims = list(aim_rows(results))
     if aims:
-        parts.append("## Aims\n\n" + table(["ours", "against", "ratio", "aim", ""], aims))
+        parts.append("### Aims\n\n" + table(["ours", "against", "ratio", "aim", ""], aims))
     for family, sizes in results.families.items():
         parts.append(limits_section(sizes) if family == LIMITS else family_section(family, sizes))
     return "\n".join(parts)
@@ -263,6 +263,8 @@ def draw(results, path):
             chart.set_yscale("log")
             chart.grid(True, alpha=0.3)
             chart.legend(fontsize="small")
+        low, high = heap_axes.get_ylim()
+        heap_axes.set_ylim(low / 2, high * 2)  # what grows by a thousandth is to look like it
         time_axes.set_title(family)
         heap_axes.set_xlabel(axis)
     axes[0, 0].set_ylabel("microseconds a call")

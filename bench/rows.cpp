@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <optional>
@@ -26,10 +27,9 @@ public:
     void operator()(benchmark::State& state)
     {
         const Subject subject = make();
-        if (!verdict) {
-            heapPeak = static_cast<double>(HeapPeak(subject.call));
+        const std::int64_t heapPeak = HeapPeak(subject.call);
+        if (!verdict)
             verdict = subject.check ? subject.check() : Verdict{};
-        }
         if (!verdict->agrees) {
             state.SkipWithError(verdict->label.c_str());
             return;
@@ -37,7 +37,7 @@ public:
         state.SetLabel(verdict->label);
         for ([[maybe_unused]] auto _ : state)
             subject.call();
-        state.counters["heap_peak"] = heapPeak;
+        state.counters["heap_peak"] = static_cast<double>(heapPeak);
         if (subject.operationsPerCall > 0.0) {
             state.counters["rate"] = benchmark::Counter(subject.operationsPerCall,
                                                         benchmark::Counter::kIsIterationInvariantRate);
@@ -47,7 +47,6 @@ public:
 private:
     std::function<Subject()> make;
     std::optional<Verdict> verdict; // of the first time
-    double heapPeak = 0.0;
 };
 
 } // namespace

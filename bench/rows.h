@@ -32,8 +32,9 @@ struct Subject {
     double operationsPerCall = 0.0;
 };
 
-// Adds a row. The subject is made anew for each repetition. The first time it is called once unmeasured,
-// to see how much of the heap it takes, and checked; a row that does not agree becomes an error.
+// Adds a row. The subject is made anew for each repetition and called once unmeasured, which shows how
+// much of the heap it takes and leaves the allocator with pages that are not fresh. The first time it is
+// checked too; a row that does not agree becomes an error.
 void AddRow(const std::string& family, const std::string& size, const std::string& side,
             const std::function<Subject()>& make);
 
