@@ -24,8 +24,7 @@ void AddWindow(const std::string& name, int window)
 {
     for (const int order : {100, 1000}) {
         AddRow("Window design", Titled(name, order), ownSide, [=] {
-            return Subject{
-                .call = [=] { LibraryArray(CreateFirByWindow(order, lowpass, window, 0.3, 0.5)); }};
+            return Subject{[=] { LibraryArray(CreateFirByWindow(order, lowpass, window, 0.3, 0.5)); }};
         });
     }
 }
@@ -33,8 +32,7 @@ void AddWindow(const std::string& name, int window)
 void AddEquiripple(const std::string& name, int order, double transition)
 {
     AddRow("Equiripple design", Titled(name, order), ownSide, [=] {
-        return Subject{
-            .call = [=] { LibraryArray(CreateFirByRemez(order, lowpass, 0.4, 0.4 + transition)); }};
+        return Subject{[=] { LibraryArray(CreateFirByRemez(order, lowpass, 0.4, 0.4 + transition)); }};
     });
 }
 
@@ -57,7 +55,7 @@ void AddIirDesign(const std::string& name, int type, const std::array<int, 2>& o
     for (const int order : orders) {
         AddRow("IIR design", Titled(name, order), ownSide, [=] {
             const std::vector<double> coefficients(static_cast<std::size_t>(2 * order) + 1);
-            return Subject{.call = [=, a = coefficients, b = coefficients]() mutable {
+            return Subject{[=, a = coefficients, b = coefficients]() mutable {
                 std::array<double, 2> wn = edges; // the band types overwrite it
                 design(order, type, wn.data(), a.data(), b.data());
             }};

@@ -108,13 +108,12 @@ void AddMemory()
 {
     constexpr std::size_t page = 4096, pages = 16384, bytes = pages * page;
     AddRow("Limits", "copying 64 MiB (read and written), bytes", "machine", [] {
-        return Subject{
-            .call =
-                [from = std::vector<char>(bytes, 1), to = std::vector<char>(bytes, 2)]() mutable {
-                    std::memcpy(to.data(), from.data(), bytes);
-                    benchmark::ClobberMemory();
-                },
-            .operationsPerCall = 2.0 * bytes};
+        const auto copy = [from = std::vector<char>(bytes, 1),
+                           to = std::vector<char>(bytes, 2)]() mutable {
+            std::memcpy(to.data(), from.data(), bytes);
+            benchmark::ClobberMemory();
+        };
+        return Subject{.call = copy, .operationsPerCall = 2.0 * bytes};
     });
     AddRate("first touch of fresh memory", "pages of 4 KiB", pages, [] {
         char* block = static_cast<char*>(std::malloc(bytes));

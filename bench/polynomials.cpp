@@ -63,20 +63,19 @@ void AddPolynomials()
     for (const std::size_t degree : {25U, 50U, 100U, 200U, 400U}) {
         const std::string size = "degree " + std::to_string(degree);
         AddRow("Roots", size, ownSide,
-               [degree] { return Subject{.call = [c = Coefficients(degree)] { RootsOf(c); }}; });
+               [degree] { return Subject{[c = Coefficients(degree)] { RootsOf(c); }}; });
         AddRow("Roots", size, "GSL", [degree] {
             const std::vector<double> c = Coefficients(degree);
+            const std::vector<double> ascending(c.rbegin(), c.rend());
             const auto roots = std::make_shared<std::vector<double>>(2 * degree);
-            return Subject{
-                .call =
-                    [roots, ascending = std::vector<double>(c.rbegin(), c.rend())] {
-                        const std::size_t count = ascending.size();
-                        gsl_poly_complex_workspace* work = gsl_poly_complex_workspace_alloc(count);
-                        gsl_poly_complex_solve(ascending.data(), count, work, roots->data());
-                        gsl_poly_complex_workspace_free(work);
-                    },
-                // Such roots are known to about a thousand roundings at degree 400.
-                .check = [roots, c] { return Within(1e-10, Distance(RootsOf(c).get(), *roots)); }};
+            const auto solve = [roots, ascending] {
+                gsl_poly_complex_workspace* work = gsl_poly_complex_workspace_alloc(ascending.size());
+                gsl_poly_complex_solve(ascending.data(), ascending.size(), work, roots->data());
+                gsl_poly_complex_workspace_free(work);
+            };
+            // Such roots are known to about a thousand roundings at degree 400.
+            const auto check = [roots, c] { return Within(1e-10, Distance(RootsOf(c).get(), *roots)); };
+            return Subject{solve, check};
         });
     }
 }

@@ -90,14 +90,16 @@ TABLES_IN_CALL = ["FFTW, plan in each call", "KissFFT", "GSL radix-2", "GSL mixe
 IN_CALL = "best that makes its tables in the call"
 NUMPY_AND_SCIPY = ["SciPy lfilter", "NumPy convolve"]
 EVERY_FIR_PEER = NUMPY_AND_SCIPY + ["SciPy upfirdn", "SciPy oaconvolve", "liquid-dsp, single precision"]
-IIR_DESIGNS = ["Butterworth", "Chebyshev I", "Chebyshev II", "Elliptic", "Bessel"]
 
 AIMS = [
     Aim("FFT", powers(4, 4), IN_CALL, TABLES_IN_CALL, 1.1),
     Aim("FFT", powers(8, 18), IN_CALL, TABLES_IN_CALL, 1.5),
     Aim("FFT", powers(20, 22), IN_CALL, TABLES_IN_CALL, 0.9),
     Aim("FFT", powers(10, 22), PLAIN, [PLAIN], 0.35),
-    Aim("FIR", ["16 taps", "64 taps", "256 taps", "1024 taps"], "best of lfilter and convolve", NUMPY_AND_SCIPY, 0.25),
+    *(
+        Aim("FIR", [f"{count} taps"], "best of lfilter and convolve", NUMPY_AND_SCIPY, 0.25)
+        for count in (16, 64, 256, 1024)
+    ),
     Aim("FIR", ["16 taps"], "best of any kind", EVERY_FIR_PEER, 0.3),
     *(
         Aim("IIR", [f"{count} coefficients"], "SciPy lfilter", ["SciPy lfilter"], ratio)
@@ -105,19 +107,17 @@ AIMS = [
     ),
     Aim("IIR", [f"{count} coefficients" for count in (3, 5, 9, 17)], CHAIN, [CHAIN], 1.1),
     *(
-        Aim("Equiripple design", [f"{series}, order {order}" for order in orders], "SciPy remez", ["SciPy remez"], ratio)
+        Aim("Equiripple design", [f"{series}, order {order}"], "SciPy remez", ["SciPy remez"], ratio)
         for series in ("60 dB", "0.4 to 0.5")
-        for orders, ratio in (([20], 0.75), ([50], 0.65), ([100, 200], 0.55))
+        for order, ratio in ((20, 0.75), (50, 0.65), (100, 0.55), (200, 0.55))
     ),
     Aim("Window design", ["Hamming, order 100"], "SciPy firwin", ["SciPy firwin"], 0.06),
     Aim("Window design", ["Hamming, order 1000"], "SciPy firwin", ["SciPy firwin"], 0.35),
     Aim("Roots", [f"degree {degree}" for degree in (50, 100, 200)], "NumPy roots", ["NumPy roots"], 1.0),
-    Aim(
-        "IIR design",
-        [f"{name} {kind}, order {order}" for name in IIR_DESIGNS for kind in ("lowpass", "bandpass") for order in (4, 5, 8)],
-        "SciPy",
-        ["SciPy"],
-        0.5,
+    *(
+        Aim("IIR design", [f"{name} {kind}, order {order}" for order in (4, 5, 8)], "SciPy", ["SciPy"], 0.5)
+        for name in ("Butterworth", "Chebyshev I", "Chebyshev II", "Elliptic", "Bessel")
+        for kind in ("lowpass", "bandpass")
     ),
 ]
 
@@ -212,8 +212,9 @@ def limits_section(sizes):
 
 
 def context_lines(context):
-    wanted = ("date", "processor", "num_cpus", "compiler", "FFTW", "GSL", "KissFFT", "liquid-dsp", "NumPy", "BLAS", "SciPy", "Python")
-    return "".join(f"- {key}: {context[key]}\n" for key in wanted if key in context)
+    machine = ("date", "processor", "num_cpus", "compiler")
+    peers = ("FFTW", "GSL", "KissFFT", "liquid-dsp", "NumPy", "BLAS", "SciPy", "Python")
+    return "".join(f"- {key}: {context[key]}\n" for key in machine + peers if key in context)
 
 
 def markdown(results):

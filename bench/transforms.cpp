@@ -222,24 +222,23 @@ void AddPeer(const std::string& size, const std::string& side, std::size_t n, do
 {
     AddRow("FFT", size, side, [n, within] {
         const auto peer = std::make_shared<Peer>(Input(n));
-        return Subject{.call = [peer] { peer->Transform(); },
-                       .check =
-                           [peer, n, within] {
-                               return Within(within, Spectrum(Input(n)).get(), peer->Spectrum(), 2 * n);
-                           }};
+        const auto check = [peer, n, within] {
+            return Within(within, Spectrum(Input(n)).get(), peer->Spectrum(), 2 * n);
+        };
+        return Subject{[peer] { peer->Transform(); }, check};
     });
 }
 
 void AddOwn(const std::string& size, std::size_t n)
 {
-    AddRow("FFT", size, ownSide,
-           [n] { return Subject{.call = [input = Input(n)] { Spectrum(input); }}; });
+    AddRow("FFT", size, ownSide, [n] { return Subject{[input = Input(n)] { Spectrum(input); }}; });
     AddRow("FFT", size, plainSide, [n] {
         const auto plain = std::make_shared<std::vector<double>>();
-        return Subject{
-            .call = [plain,
-                     input = Input(n)] { *plain = trelvanix::testing::PlainForwardTransform(input); },
-            .check = [plain, n] { return SameBits(Spectrum(Input(n)).get(), *plain); }};
+        const auto transform = [plain, input = Input(n)] {
+            *plain = trelvanix::testing::PlainForwardTransform(input);
+        };
+        const auto check = [plain, n] { return SameBits(Spectrum(Input(n)).get(), *plain); };
+        return Subject{transform, check};
     });
 }
 
