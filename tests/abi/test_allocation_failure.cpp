@@ -163,13 +163,15 @@ TEST(AllocationFailure, OfTheFunctionsThatReturnArraysIsBadAlloc)
 TEST(AllocationFailure, OfTheExtendedTransformLeavesTheOutputsAlone)
 {
     const std::vector<double> signal = Signal();
-    std::vector<double> real(32, untouched), imaginary(32, untouched);
+    // Long enough to need memory of the heap.
+    constexpr int n = 1024;
+    std::vector<double> real(n, untouched), imaginary(n, untouched);
     EXPECT_EQ(
-        CallWithFailure(1, [&] { FFText(signal.data(), length, 32, real.data(), imaginary.data()); }),
+        CallWithFailure(1, [&] { FFText(signal.data(), length, n, real.data(), imaginary.data()); }),
         Outcome::outOfMemory);
-    EXPECT_EQ(real, std::vector<double>(32, untouched));
-    EXPECT_EQ(imaginary, std::vector<double>(32, untouched));
-    RequireBadAllocEachTime([&] { FFText(signal.data(), length, 32, real.data(), imaginary.data()); });
+    EXPECT_EQ(real, std::vector<double>(n, untouched));
+    EXPECT_EQ(imaginary, std::vector<double>(n, untouched));
+    RequireBadAllocEachTime([&] { FFText(signal.data(), length, n, real.data(), imaginary.data()); });
 }
 
 void DesignIir(int family, int order, unsigned filterType, double* a, double* b)
