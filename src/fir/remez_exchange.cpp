@@ -112,13 +112,13 @@ public:
     // The error at a point of the grid, for somebody on the way in steps of +1 or -1.
     double At(int point, int step)
     {
-        if (isKnown.data()[point] == 0) {
+        if (!IsKnown(point)) {
             constexpr int blockLength = 8;
             for (int ahead = 0; ahead < blockLength; ++ahead)
                 Request(point + ahead * step);
             EvaluateRequested();
         }
-        return errors.data()[point];
+        return Error(point);
     }
 
 private:
@@ -131,12 +131,12 @@ private:
     };
 
     // To the next point, if it is known to improve.
-    bool Advance(Climb& climb) const
+    bool Advance(Climb& climb)
     {
         const int next = climb.point + climb.step;
-        if (!IsOnGrid(next) || isKnown.data()[next] == 0)
+        if (!IsOnGrid(next) || !IsKnown(next))
             return false;
-        const double size = climb.nut * errors.data()[next];
+        const double size = climb.nut * Error(next);
         if (!(size - climb.comp > 0.0))
             return false;
         climb.point = next;
@@ -171,11 +171,21 @@ private:
         return point >= 0 && point < grid.count;
     }
 
+    double& Error(int point)
+    {
+        return errors[static_cast<std::size_t>(point)];
+    }
+
+    bool IsKnown(int point) const
+    {
+        return isKnown[static_cast<std::size_t>(point)] != 0;
+    }
+
     void Request(int point)
     {
-        if (!IsOnGrid(point) || isKnown.data()[point] != 0)
+        if (!IsOnGrid(point) || IsKnown(point))
             return;
-        isKnown.data()[point] = 1;
+        isKnown[static_cast<std::size_t>(point)] = 1;
         requested.push_back(point);
         values.push_back(grid.cosine[point]);
     }
@@ -185,7 +195,7 @@ private:
         Evaluate(*interpolant, values.data(), static_cast<int>(values.size()));
         const double* value = values.data();
         for (const int point : requested)
-            errors.data()[point] = (*value++ - grid.desired[point]) * grid.weight[point];
+            Error(point) = (*value++ - grid.desired[point]) * grid.weight[point];
         requested.clear();
         values.clear();
     }
@@ -337,10 +347,11 @@ std::vector<double> SampleApproximation(const Interpolant& p)
     for (int j = 0; j < nfcns; ++j)
         a[j] = std::cos(twoPi * (j * delf));
     const std::vector<double> cosines = samples;
+    const double* cosine = cosines.data();
     Evaluate(p, a, nfcns);
     int l = 0;
     for (int j = 0; j < nfcns; ++j) {
-        const double xt = cosines.data()[j];
+        const double xt = cosine[j];
         // Cosines and nodes both fall, so the node to compare with is near the last one.
         while (l < nz && xt <= x[l] && x[l] - xt >= fsh)
             ++l;

@@ -23,16 +23,24 @@ namespace
 constexpr int blockLength = 8;
 static_assert(blockLength % laneCount == 0);
 
+// The symmetric reflector that maps (p, q, r) onto (-s, 0, 0).
+struct Reflector {
+    double h00, h01, h02, h11, h12, h22;
+};
+
+// One reflection of a sweep; one with too short a vector doesn't take place.
+struct Reflection {
+    bool takesPlace;
+    Reflector h;
+};
+
+} // namespace
+
 // Row i of a row-major matrix with n columns.
 TRELVANIX_INLINE double* Row(double* a, int n, int i)
 {
     return a + std::int64_t{n} * i;
 }
-
-// The symmetric reflector that maps (p, q, r) onto (-s, 0, 0).
-struct Reflector {
-    double h00, h01, h02, h11, h12, h22;
-};
 
 TRELVANIX_INLINE Reflector ReflectorOf(double p, double q, double r, double s)
 {
@@ -91,12 +99,6 @@ TRELVANIX_INLINE void ReflectRows(const Reflector& h, double* r0, double* r1, do
     }
 }
 
-// One reflection of a sweep; one with too short a vector doesn't take place.
-struct Reflection {
-    bool takesPlace;
-    Reflector h;
-};
-
 // The reflection of the vector (p, q, r); s becomes the element that p turns into, negated.
 TRELVANIX_INLINE Reflection ReflectionOf(double p, double q, double r, double negligible, double& s)
 {
@@ -119,8 +121,8 @@ TRELVANIX_INLINE void ReflectCorner(const Reflection& reflection, double* r0, do
     if (reflection.takesPlace) {
         for (int j = 0; j < 3; ++j)
             Apply(reflection.h, x[0][j], x[1][j], x[2][j]);
-        for (int i = 0; i < 4; ++i)
-            Apply(reflection.h, x[i][0], x[i][1], x[i][2]);
+        for (double(&row)[3] : x)
+            Apply(reflection.h, row[0], row[1], row[2]);
     }
     for (int j = 0; j < 3; ++j) {
         r0[j] = x[0][j];
@@ -155,8 +157,6 @@ TRELVANIX_INLINE void ReflectColumns(const Reflection* reflections, int count, d
         StoreStrided(column + 1, n, x1);
     }
 }
-
-} // namespace
 
 void DoubleShiftSweep(double* a, int n, int l, int nn, Shifts shifts, double negligible)
 {

@@ -179,8 +179,8 @@ RemezResult ExpectPlainDesign(int order, const Row& edges, const Row& amplitudes
         f *= 0.5;
     RemezProblem copy = problem;
     const int gridCount = static_cast<int>(problem.grid.size());
-    const RemezResult plain = PlainRemezExchange(order + 1, copy.grid.data(), copy.desired.data(),
-                                                 copy.weight.data(), gridCount);
+    RemezResult plain = PlainRemezExchange(order + 1, copy.grid.data(), copy.desired.data(),
+                                           copy.weight.data(), gridCount);
     const RemezResult got = RemezExchange(order + 1, problem.grid.data(), problem.desired.data(),
                                           problem.weight.data(), gridCount);
     EXPECT_EQ(got.iterations, plain.iterations);

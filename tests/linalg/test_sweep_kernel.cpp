@@ -21,6 +21,13 @@ using testing::HasSameBits;
 using testing::PlainDoubleShiftSweep;
 using testing::Samples;
 
+// Entries of an n x n matrix.
+std::size_t Size(int n)
+{
+    const auto columns = static_cast<std::size_t>(n);
+    return columns * columns;
+}
+
 // An upper Hessenberg matrix from n * n values.
 std::vector<double> Hessenberg(std::vector<double> a, int n)
 {
@@ -51,11 +58,9 @@ TEST(DoubleShiftSweep, HasTheBitsOfThePlainForm)
 {
     Samples samples(711);
     for (int n = 3; n <= 60; ++n)
-        ExpectPlainBits(Hessenberg(samples.Plain(static_cast<std::size_t>(n * n)), n), n, 0, n - 1,
-                        0.0);
+        ExpectPlainBits(Hessenberg(samples.Plain(Size(n)), n), n, 0, n - 1, 0.0);
     for (const int n : {100, 131, 300})
-        ExpectPlainBits(Hessenberg(samples.Plain(static_cast<std::size_t>(n * n)), n), n, 0, n - 1,
-                        0.0);
+        ExpectPlainBits(Hessenberg(samples.Plain(Size(n)), n), n, 0, n - 1, 0.0);
 }
 
 TEST(DoubleShiftSweep, HasTheBitsOfThePlainFormInEveryBlock)
@@ -64,7 +69,7 @@ TEST(DoubleShiftSweep, HasTheBitsOfThePlainFormInEveryBlock)
     const int n = 24;
     for (int l = 0; l < n; ++l)
         for (int nn = l + 2; nn < n; ++nn)
-            ExpectPlainBits(Hessenberg(samples.Plain(n * n), n), n, l, nn, 0.0);
+            ExpectPlainBits(Hessenberg(samples.Plain(Size(n)), n), n, l, nn, 0.0);
 }
 
 TEST(DoubleShiftSweep, HasTheBitsOfThePlainFormWhereReflectionsAreLeftOut)
@@ -72,11 +77,11 @@ TEST(DoubleShiftSweep, HasTheBitsOfThePlainFormWhereReflectionsAreLeftOut)
     Samples samples(713);
     for (int n = 3; n <= 40; ++n) {
         // About one vector in three is shorter; a matrix that has split in the middle as well.
-        std::vector<double> a = Hessenberg(samples.Plain(static_cast<std::size_t>(n * n)), n);
+        std::vector<double> a = Hessenberg(samples.Plain(Size(n)), n);
         ExpectPlainBits(a, n, 0, n - 1, 0.5);
         for (int i = 1; i < n; ++i)
             if (samples.NextBelow(3) == 0)
-                a[static_cast<std::size_t>(i * n + i - 1)] = 0.0;
+                a[static_cast<std::size_t>(i) * static_cast<std::size_t>(n + 1) - 1] = 0.0;
         ExpectPlainBits(a, n, 0, n - 1, 0.0);
         ExpectPlainBits(a, n, 0, n - 1, 100.0); // none at all
     }
@@ -86,7 +91,7 @@ TEST(DoubleShiftSweep, HasTheBitsOfThePlainFormForHostileValues)
 {
     Samples samples(714);
     for (int n = 3; n <= 40; ++n) {
-        const auto size = static_cast<std::size_t>(n * n);
+        const std::size_t size = Size(n);
         ExpectPlainBits(samples.Hostile(size), n, 0, n - 1, 1e-100);
         std::vector<double> zeros(size);
         for (double& zero : zeros)

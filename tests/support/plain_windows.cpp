@@ -19,7 +19,10 @@ double Power(double base, double exponent)
 
 double Factorial(int k)
 {
-    return k < 2 ? 1.0 : Factorial(k - 1) * k;
+    double factorial = 1.0;
+    for (int i = 2; i <= k; ++i)
+        factorial *= i;
+    return factorial;
 }
 
 double ImpulseAt(double t, double omega1, double omega2, FilterType filterType)
@@ -51,6 +54,7 @@ double PlainBesselI0(double x)
 std::vector<double> PlainKaiserWindow(int N)
 {
     std::vector<double> w;
+    w.reserve(static_cast<std::size_t>(N));
     for (int i = 0; i < N; ++i) {
         const double n = i;
         const double u = 1.0 - (n + n) / (N - 1);
@@ -62,6 +66,7 @@ std::vector<double> PlainKaiserWindow(int N)
 std::vector<double> PlainGaussianWindow(int N)
 {
     std::vector<double> w;
+    w.reserve(static_cast<std::size_t>(N));
     const double h = (N - 1.0) * 0.5;
     for (int n = 0; n < N; ++n)
         w.push_back(std::exp(Power((n - h) * 2.5 / h, 2.0) * -0.5));
@@ -85,6 +90,7 @@ std::vector<double> PlainParzenWindow(int N)
 std::vector<double> PlainImpulseResponse(int N, double omega1, double omega2, FilterType filterType)
 {
     std::vector<double> h;
+    h.reserve(static_cast<std::size_t>(N));
     for (int n = 0; n < N; ++n)
         h.push_back(ImpulseAt(n - (N - 1) * 0.5, omega1, omega2, filterType));
     return h;
