@@ -38,14 +38,14 @@ TRELVANIX_INLINE Lanes Broadcast(double value)
 }
 
 template <class Pick, int... lane>
-TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, std::integer_sequence<int, lane...>)
+TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, std::integer_sequence<int, lane...> /*lanes*/)
 {
     return __builtin_shufflevector(x, y, Pick{}(lane)...);
 }
 
 // Lane i of the result is lane pick(i) of x and y taken together, x first. pick captures nothing.
 template <class Pick>
-TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick)
+TRELVANIX_INLINE Lanes PickLanes(Lanes x, Lanes y, Pick /*pick*/)
 {
     return PickLanes<Pick>(x, y, std::make_integer_sequence<int, laneCount>{});
 }
