@@ -38,6 +38,8 @@ namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 {
 namespace
 {
+// TRELVANIX_INLINE says static.
+// NOLINTBEGIN(readability-static-definition-in-anonymous-namespace)
 
 constexpr int laneBits = laneCount == 8 ? 3 : laneCount == 4 ? 2 : 1;
 
@@ -53,8 +55,8 @@ constexpr int smallSize = (tileSize > 4 * laneCount ? tileSize : 4 * laneCount) 
 constexpr std::int64_t cachedLength = std::int64_t{1} << 14;
 
 // Twiddles made at a time: few enough to be in the first-level cache when they are used.
-constexpr std::int64_t chunkLength = 64 * laneCount;
-constexpr std::int64_t maxRun = 128 * laneCount;
+constexpr std::int64_t chunkLength = std::int64_t{64} * laneCount;
+constexpr std::int64_t maxRun = std::int64_t{128} * laneCount;
 
 struct Number {
     double re, im;
@@ -428,6 +430,7 @@ int StagesOfPass(std::int64_t length)
 }
 
 // The stages of the blocks of `length` elements in data[0 .. size - 1], but for the last pass.
+// NOLINTNEXTLINE(misc-no-recursion): every level divides the length by 2 to 8
 void MiddlePasses(double* data, std::int64_t size, std::int64_t length, const double* twiddles)
 {
     while (length > laneCount) {
@@ -533,9 +536,9 @@ TRELVANIX_INLINE void SmallTransform(const Source& source, int size, int n, cons
     for (int k = 0; k < size; ++k)
         data[k] = source.Element(k);
     MakeTwiddles(0, 1, size / 2, n, twiddles);
-    for (int half = size / 2, groups = 1; half > 0; half /= 2, groups *= 2) {
+    for (std::int64_t half = size / 2, groups = 1; half > 0; half /= 2, groups *= 2) {
         for (Number* block = data; block < data + size; block += 2 * half) {
-            for (int k = 0; k < half; ++k)
+            for (std::int64_t k = 0; k < half; ++k)
                 Butterfly(block[k], block[k + half], LoadNumber(twiddles, groups * k));
         }
     }
@@ -565,6 +568,7 @@ TRELVANIX_INLINE void Transform(const Source& source, double* data, std::int64_t
     LastPass(data, size, twiddles, output);
 }
 
+// NOLINTEND(readability-static-definition-in-anonymous-namespace)
 } // namespace
 
 void TransformComplex(const double* input, double* output, std::int64_t size, int n, double* twiddles)
