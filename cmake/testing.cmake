@@ -31,6 +31,7 @@ function(trelvanix_add_gtest target)
     add_test(NAME ${ARGV1}${target} COMMAND ${target})
     trelvanix_run_under_wine(${ARGV1}${target})
   else()
-    gtest_discover_tests(${target} TEST_PREFIX "${ARGV1}")
+    # A busy machine may take longer to list the cases than the few seconds that CMake allows.
+    gtest_discover_tests(${target} TEST_PREFIX "${ARGV1}" DISCOVERY_TIMEOUT 120)
   endif()
 endfunction()

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
 """Breaks the library in one place at a time and reports which breaks the tests let pass.
 
-    tools/mutate.py --sample 300 --seed 1 [--jobs 2] [--only src/iir] [--log mutants.log]
+    tools/mutate.py --sample 300 --seed 1 [--jobs 2] [--only src/iir src/fir] [--log mutants.log]
 
 A mutant is a source file of src/ with one operator, comparison, literal or function name changed. It is
-built in a copy of the tree and run against the unit tests, then against the hosts, then against the
-Python oracles, until one fails; a test that doesn't end counts as failed. Mutants that do not compile
-are replaced by others. The exit status is 1 when fewer than 95 % were killed.
+built in a copy of the tree and run against the unit tests (those of its own folder first), then against
+the hosts, then against the Python oracles, until one fails; a test that doesn't end counts as failed.
+Limits are in processor time, so that a busy machine kills no mutant. Mutants that do not compile are
+replaced by others. The exit status is 1 when fewer than 95 % were killed.
 """
 
 import argparse
@@ -22,8 +23,9 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 UNIT_TESTS = "tests/trelvanix_tests"
-TEST_SECONDS = 120
+TEST_PROCESSOR_SECONDS = 120
 TEST_BYTES = 8 << 30
+LONGEST_SECONDS = 3600
 
 # clang-format puts blanks around binary operators and none inside template brackets, before pointers or
 # after signs, so a pattern with blanks finds the operators alone.
@@ -71,9 +73,19 @@ def mutants_of(path):
                 yield path, number, match.start(), match.end(), changed_number(match.group())
 
 
-def limit_memory():
-    """For a mutant that never stops to allocate."""
+def limit_resources():
+    """For a mutant that never stops, or never stops to allocate."""
     resource.setrlimit(resource.RLIMIT_AS, (TEST_BYTES, TEST_BYTES))
+    resource.setrlimit(resource.RLIMIT_CPU, (TEST_PROCESSOR_SECONDS, TEST_PROCESSOR_SECONDS))
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def suites_beside(path):
+    """A filter for the test suites of the folder of tests/ that mirrors the source's folder."""
+    folder = ROOT / "tests" / path.relative_to(ROOT / "src").parent
+    suites = {suite for test in folder.glob("test_*.cpp")
+              for suite in re.findall(r"^TEST\((\w+),", test.read_text(), re.MULTILINE)}
+    return ":".join(f"{suite}.*" for suite in sorted(suites))
 
 
 class Workshop:
@@ -83,39 +95,45 @@ class Workshop:
         self.root = pathlib.Path(folder) / "tree"
         subprocess.run(["git", "clone", "-q", str(ROOT), str(self.root)], check=True)
         self.build = self.root / "build" / "mutants"
-        self.run(["cmake", "-S", str(self.root), "-B", str(self.build), "-DCMAKE_BUILD_TYPE=Release",
-                  "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
-                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF"], 300)
-        if not self.make():
+        self.run(["cmake", "-G", "Ninja", "-S", str(self.root), "-B", str(self.build),
+                  "-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
+                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF"])
+        if not self.make("all"):
             sys.exit("the unchanged tree does not build")
-        if self.killer() is not None:
-            sys.exit(f"the unchanged tree fails: {self.killer()}")
+        if killer := self.killer("*"):
+            sys.exit(f"the unchanged tree fails: {killer}")
 
-    def run(self, command, seconds):
+    def run(self, command):
         try:
             return subprocess.run(command, cwd=self.build if self.build.exists() else self.root,
                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  timeout=seconds, check=False,
-                                  preexec_fn=limit_memory).returncode == 0
+                                  timeout=LONGEST_SECONDS, check=False,
+                                  preexec_fn=limit_resources).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
-    def make(self):
-        return self.run(["cmake", "--build", str(self.build)], 900)
+    def make(self, target):
+        return self.run(["cmake", "--build", str(self.build), "--parallel", "1",
+                         "--target", target])
 
-    def killer(self):
-        """The first group of tests that fails, or None."""
-        if not self.run([str(self.build / UNIT_TESTS), "--gtest_fail_fast", "--gtest_brief=1"],
-                        TEST_SECONDS):
-            return "unit tests"
+    def killer(self, first_suites):
+        """What fails first, "compiler" for a mutant that doesn't build, None for one that survives."""
+        if not self.make("trelvanix_tests"):
+            return "compiler"
+        for suites in (first_suites, "*"):
+            if suites and not self.run([str(self.build / UNIT_TESTS), f"--gtest_filter={suites}",
+                                        "--gtest_fail_fast", "--gtest_brief=1"]):
+                return "unit tests"
+        if not self.make("all"):
+            return "compiler"
         for group in ("abi", "peer"):
             if not self.run(["ctest", "-R", rf"^{group}\.", "--stop-on-failure", "--timeout",
-                             str(TEST_SECONDS)], 10 * TEST_SECONDS):
+                             str(LONGEST_SECONDS)]):
                 return group
         return None
 
     def try_mutant(self, mutant):
-        """What killed it: a group of tests, None for a survivor, "compiler" for one that doesn't build."""
+        """As killer, for the mutant; the copy is as before afterwards."""
         path, number, start, end, replacement = mutant
         target = self.root / path.relative_to(ROOT)
         original = target.read_text()
@@ -123,7 +141,7 @@ class Workshop:
         lines[number] = lines[number][:start] + replacement + lines[number][end:]
         target.write_text("".join(lines))
         try:
-            return self.killer() if self.make() else "compiler"
+            return self.killer(suites_beside(path))
         finally:
             target.write_text(original)
 
@@ -140,12 +158,14 @@ def main():
     parser.add_argument("--sample", type=int, default=300)
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
-    parser.add_argument("--only", default="src", help="folder or file, relative to the tree")
+    parser.add_argument("--only", nargs="+", default=["src"], metavar="PATH",
+                        help="folders or files, relative to the tree")
     parser.add_argument("--log", default="mutants.log")
     arguments = parser.parse_args()
 
-    only = ROOT / arguments.only
-    files = [only] if only.is_file() else sorted(only.rglob("*.cpp")) + sorted(only.rglob("*.h"))
+    files = [path for only in arguments.only
+             for path in ([ROOT / only] if (ROOT / only).is_file() else
+                          sorted((ROOT / only).rglob("*.cpp")) + sorted((ROOT / only).rglob("*.h")))]
     mutants = [mutant for path in files for mutant in mutants_of(path)]
     random.Random(arguments.seed).shuffle(mutants)
     waiting = iter(mutants)
