@@ -20,6 +20,9 @@
  *              that allocates may throw std::bad_alloc; a negative count (or one too large for the
  *              address space) throws std::bad_array_new_length. Pointers are not checked: where a
  *              comment does not allow null, null is undefined.
+ *              After an exception arrays of the caller may have been written already: the edges wn of a
+ *              band type and the denominator a of an IIR design, *order of CreateFirByRemezord and of
+ *              FilterMinimumOrder. No result array is left behind.
  * Concurrency  No state is kept between calls. Calls may run at the same time on any threads as long
  *              as they do not share an array that one of them writes.
  */

@@ -174,9 +174,8 @@ TEST(AllocationFailure, OfTheExtendedTransformLeavesTheOutputsAlone)
     RequireBadAllocEachTime([&] { FFText(signal.data(), length, n, real.data(), imaginary.data()); });
 }
 
-void DesignIir(int family, int order, unsigned filterType, double* a, double* b)
+void DesignIir(int family, int order, unsigned filterType, double* a, double* b, double* wn)
 {
-    double wn[] = {0.3, 0.5};
     switch (family) {
     case 0:
         return Butterworth(order, wn, filterType, 0, a, b);
@@ -191,6 +190,12 @@ void DesignIir(int family, int order, unsigned filterType, double* a, double* b)
     }
 }
 
+void DesignIir(int family, int order, unsigned filterType, double* a, double* b)
+{
+    double wn[] = {0.3, 0.5};
+    DesignIir(family, order, filterType, a, b, wn);
+}
+
 TEST(AllocationFailure, OfTheIirDesignsIsBadAlloc)
 {
     for (int family = 0; family < 5; ++family) {
@@ -200,6 +205,32 @@ TEST(AllocationFailure, OfTheIirDesignsIsBadAlloc)
                 RequireBadAllocEachTime([&] { DesignIir(family, 4, filterType, a.data(), b.data()); });
             EXPECT_GE(count, 10) << family << " " << filterType;
         }
+    }
+}
+
+TEST(AllocationFailure, OfAnIirDesignMayLeaveTheEdgesAndTheDenominatorWritten)
+{
+    const std::vector<double> asBefore(9, untouched);
+    for (int family = 0; family < 5; ++family) {
+        std::vector<double> wholeA(9), wholeB(9);
+        DesignIir(family, 4, 3, wholeA.data(), wholeB.data());
+        bool edgesWritten = false, denominatorWritten = false, failed = true;
+        for (long n = 1; failed; ++n) {
+            ASSERT_LT(n, 10000);
+            std::vector<double> a = asBefore, b = asBefore;
+            double wn[] = {0.3, 0.5};
+            failed = CallWithFailure(n, [&] { DesignIir(family, 4, 3, a.data(), b.data(), wn); }) !=
+                     Outcome::result;
+            if (!failed)
+                break;
+            EXPECT_EQ(b, asBefore) << family << " " << n;
+            EXPECT_TRUE(a == asBefore || a == wholeA) << family << " " << n;
+            edgesWritten = edgesWritten || wn[1] == 0.0;
+            denominatorWritten = denominatorWritten || a == wholeA;
+        }
+        EXPECT_TRUE(edgesWritten) << family;
+        // Bessel designs have both arrays ready before they write the first.
+        EXPECT_EQ(denominatorWritten, family != 4) << family;
     }
 }
 
@@ -233,15 +264,49 @@ TEST(AllocationFailure, OfABandpassEndsTheProcessWithAMessageWhenTheModelCannotG
     }
 }
 
-TEST(AllocationFailure, OfTheOrderEstimationIsBadAlloc)
+TEST(AllocationFailure, OfAnEquirippleDesignMayLeaveTheEstimatedOrderWritten)
+{
+    int order = 0;
+    double dev[] = {0.01, 0.02};
+    ReleaseDoubleArray(CreateFirByRemezord(0, 0.3, 0.5, 0.0, 0.0, dev, 2, &order));
+    const int estimate = order;
+    bool orderWritten = false, orderUntouched = false, failed = true;
+    for (long n = 1; failed; ++n) {
+        ASSERT_LT(n, 10000);
+        order = -77;
+        failed = CallWithFailure(n, [&] {
+                     ReleaseDoubleArray(CreateFirByRemezord(0, 0.3, 0.5, 0.0, 0.0, dev, 2, &order));
+                 }) != Outcome::result;
+        if (!failed)
+            break;
+        EXPECT_TRUE(order == -77 || order == estimate) << n;
+        orderWritten = orderWritten || order == estimate;
+        orderUntouched = orderUntouched || order == -77;
+        EXPECT_EQ(dev[0], 0.01);
+        EXPECT_EQ(dev[1], 0.02);
+    }
+    EXPECT_TRUE(orderWritten);
+    EXPECT_TRUE(orderUntouched);
+}
+
+TEST(AllocationFailure, OfTheOrderEstimationIsBadAllocBeforeTheEdgesAreWritten)
 {
     const double edges[] = {0.1, 0.7, 0.3, 0.5};
     for (int family = 0; family < 4; ++family) {
-        int order = 0;
-        double wn[2] = {};
-        EXPECT_GE(RequireBadAllocEachTime(
-                      [&] { FilterMinimumOrder(family, edges, 4, 1.0, 40.0, &order, wn); }),
-                  2);
+        bool orderWritten = false;
+        int order = -77;
+        double wn[] = {untouched, untouched};
+        const auto call = [&] { FilterMinimumOrder(family, edges, 4, 1.0, 40.0, &order, wn); };
+        EXPECT_EQ(CallWithFailure(1, call), Outcome::outOfMemory);
+        for (long n = 2; CallWithFailure(n, call) == Outcome::outOfMemory; ++n) {
+            ASSERT_LT(n, 10000);
+            orderWritten = orderWritten || order != -77;
+            EXPECT_EQ(wn[0], untouched) << family << " " << n;
+            EXPECT_EQ(wn[1], untouched) << family << " " << n;
+        }
+        // Butterworth edges are found after the order, with allocations of their own.
+        EXPECT_EQ(orderWritten, family == 0) << family;
+        EXPECT_GE(RequireBadAllocEachTime(call), 2);
     }
 }
 
