@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given jobs need and that are missing.
-#   scripts/install_packages.sh JOB...     JOB: bench, demo, test
+#   scripts/install_packages.sh JOB...     JOB: bench, demo, test, reliability
 # As root, or with sudo; does nothing, and takes no time, when everything is there.
 set -euo pipefail
 
@@ -25,6 +25,11 @@ test_packages=(
   abigail-tools                                    # description of the binary interface
   gfortran mono-mcs mono-runtime libjna-java       # example hosts in Fortran, C# and Java
 )
+reliability_packages=(
+  gcovr                                            # coverage
+  valgrind                                         # memory checker
+  ninja-build                                      # the many builds of the mutation test
+)
 # Tools of the example hosts that a machine may well have from elsewhere.
 for tool in javac:default-jdk-headless node:nodejs npm:npm rustc:rustc; do
   command -v "${tool%%:*}" >/dev/null || test_packages+=("${tool#*:}")
@@ -41,7 +46,11 @@ for job in "$@"; do
     bench) packages+=("${bench_packages[@]}") ;;
     demo) packages+=("${demo_packages[@]}") ;;
     test) packages+=("${test_packages[@]}") optional_packages+=("${optional_test_packages[@]}") ;;
-    *) echo "install_packages.sh: unknown job '$job'; it is bench, demo or test" >&2; exit 2 ;;
+    reliability)
+      packages+=("${test_packages[@]}" "${reliability_packages[@]}")
+      optional_packages+=("${optional_test_packages[@]}")
+      ;;
+    *) echo "install_packages.sh: unknown job '$job'; it is bench, demo, test or reliability" >&2; exit 2 ;;
   esac
 done
 
