@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Breaks the library in one place at a time and reports which breaks the tests let pass.
 
-    tools/mutate.py --sample 300 --seed 1 [--jobs 2] [--only src/iir src/fir] [--log mutants.log]
+    tools/mutate.py --sample 300 --seed 1 [--jobs 1] [--only src/iir src/fir] [--log mutants.log]
 
 A mutant is a source file of src/ with one operator, comparison, literal or function name changed. It is
 built in a copy of the tree and run against the unit tests (those of its own folder first), then against
@@ -157,7 +157,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("--sample", type=int, default=300)
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--jobs", type=int, default=2)
+    parser.add_argument("--jobs", type=int, default=1)
     parser.add_argument("--only", nargs="+", default=["src"], metavar="PATH",
                         help="folders or files, relative to the tree")
     parser.add_argument("--log", default="mutants.log")
