@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: GCC, Clang, packages, sanitizers, the Windows DLL under Wine, style and
-# the demonstration. Installs the Debian packages that are missing (as root, or with sudo).
+# Builds everything and runs every test: GCC, Clang, packages, sanitizers, a little fuzzing, the Windows DLL under
+# Wine, style and the demonstration. Installs the Debian packages that are missing (as root, or with sudo).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -33,9 +33,10 @@ quietly() {
   rm -f "$log"
 }
 
+# build PRESET [OPTION...]
 build() {
   quietly cmake --preset "$1" -DTRELVANIX_WARNINGS_AS_ERRORS=ON
-  quietly cmake --build --preset "$1" --parallel "$(nproc)"
+  quietly cmake --build --preset "$1" --parallel "$(nproc)" "${@:2}"
 }
 
 run_tests() {
@@ -57,13 +58,18 @@ step "Address and undefined-behaviour sanitizers: all tests"
 build asan
 run_tests asan
 
-step "Thread sanitizer"
-build tsan
-run_tests tsan
+step "Thread sanitizer: all functions from eight threads"
+build tsan --target trelvanix_abi_tests
+build/tsan/tests/abi/trelvanix_abi_tests --gtest_brief=1
 
 step "Memory sanitizer: every result was computed"
 build msan
 build/msan/tests/abi/trelvanix_memory_host
+
+step "Fuzzing: the inputs found so far, then three seconds for each target"
+build fuzz
+run_tests fuzz
+scripts/fuzz.sh 3
 
 step "Windows DLL: cross build with warnings as errors, all tests under Wine"
 build mingw
