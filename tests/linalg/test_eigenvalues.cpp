@@ -456,6 +456,27 @@ TEST(AllHessenbergEigenvalues, SplitsNothingAtAnInfiniteNorm)
         EXPECT_TRUE(std::isnan(value.real()));
 }
 
+TEST(AllHessenbergEigenvalues, GivesNotANumberWhereEntriesOverflow)
+{
+    // The shifts' sum is 2e200, their product infinity less infinity.
+    std::vector<double> large(9, 1e200);
+    large[6] = 0.0;
+    for (const Complex value : AllHessenbergEigenvalues(large.data(), 3, 1e-30, 60)) {
+        EXPECT_TRUE(std::isnan(value.real()));
+        EXPECT_TRUE(std::isnan(value.imag()));
+    }
+
+    // Eigenvalues 1e200 i and -1e200 i, whose discriminant overflows: real parts zero, imaginary parts
+    // infinite. Without a tolerance or a sweep the limit comes first; beyond it 1e-300 counts as zero.
+    std::vector<double> pair = {0.0, -1e200, 0.0, 1e200, 0.0, 0.0, 0.0, 1e-300, 1.0};
+    const std::vector<Complex> values = AllHessenbergEigenvalues(pair.data(), 3, 0.0, 0);
+    EXPECT_EQ(values[2], Complex(1.0, 0.0));
+    for (const std::size_t i : {0U, 1U}) {
+        EXPECT_TRUE(std::isnan(values[i].real()));
+        EXPECT_TRUE(std::isnan(values[i].imag()));
+    }
+}
+
 TEST(AllHessenbergEigenvalues, EndsSoonForALargeMatrixOfNotANumber)
 {
     // Sixty sweeps over it, or three hundred, would take seconds.
