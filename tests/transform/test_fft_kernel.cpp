@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,12 @@ struct Kernels {
     TransformConjugateKernel* conjugate;
     TransformRealKernel* real;
 };
+
+// GoogleTest would print the bytes, of which the string leaves some unwritten.
+void PrintTo(const Kernels& kernels, std::ostream* out)
+{
+    *out << kernels.name;
+}
 
 // Those of every instruction set that this processor has.
 std::vector<Kernels> AllKernels()
