@@ -65,8 +65,11 @@ void* malloc(std::size_t size)
 }
 
 // The C library's dlsym calls calloc before the original is known, so it is reached by another name.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 void* __libc_calloc(std::size_t count, std::size_t size);
 
+// The system's header gives the parameters reserved names.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 void* calloc(std::size_t count, std::size_t size)
 {
     return Fails() ? nullptr : Counted(__libc_calloc(count, size));
@@ -85,6 +88,7 @@ void free(void* memory)
         --heap.live;
     original(memory);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 } // extern "C"
 
@@ -130,7 +134,7 @@ constexpr double untouched = 99.0;
 
 std::vector<double> Signal()
 {
-    std::vector<double> signal(2 * length);
+    std::vector<double> signal(2 * std::size_t{length});
     for (std::size_t i = 0; i < signal.size(); ++i)
         signal[i] = static_cast<double>(i * i % 17) - 8.0;
     return signal;
