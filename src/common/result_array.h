@@ -7,6 +7,8 @@
 #include <memory>
 #include <new>
 
+#include "common/vector_memory.h"
+
 namespace trelvanix
 {
 
@@ -44,18 +46,6 @@ inline std::size_t AtLeastOne(int count)
     return count > 0 ? static_cast<std::size_t>(count) : 1;
 }
 
-// Memory for free() whose vectors don't straddle cache lines. Small blocks aren't worth the longer way
-// through the heap, and the Windows runtime has no such memory.
-inline void* AllocateForVectors(std::size_t size)
-{
-#if !defined(_WIN32)
-    constexpr std::size_t line = 64;
-    if (size >= 16 * line)
-        return std::aligned_alloc(line, (size + line - 1) / line * line);
-#endif
-    return std::malloc(size);
-}
-
 } // namespace detail
 
 // An array of count doubles, not cleared: the caller writes every element. 0 gives an array too.
@@ -64,7 +54,7 @@ inline void* AllocateForVectors(std::size_t size)
 inline ResultArray NewResultArray(int count)
 {
     detail::CheckCount(count, sizeof(double));
-    return detail::Owned(std::malloc(detail::AtLeastOne(count) * sizeof(double)));
+    return detail::Owned(AllocateForVectors(detail::AtLeastOne(count) * sizeof(double)));
 }
 
 // An array of count complex elements, 2 * count doubles, all 0 + 0i; errors as above.
@@ -78,14 +68,13 @@ inline ResultArray NewComplexResultArray(int count)
 inline ResultArray NewUnclearedComplexResultArray(int count)
 {
     detail::CheckCount(count, 2 * sizeof(double));
-    return detail::Owned(detail::AllocateForVectors(detail::AtLeastOne(count) * 2 * sizeof(double)));
+    return detail::Owned(AllocateForVectors(detail::AtLeastOne(count) * 2 * sizeof(double)));
 }
 
 // Work memory of count complex elements, not cleared.
 inline ResultArray NewComplexWorkArray(std::int64_t count)
 {
-    return detail::Owned(
-        detail::AllocateForVectors(static_cast<std::size_t>(count) * 2 * sizeof(double)));
+    return detail::Owned(AllocateForVectors(static_cast<std::size_t>(count) * 2 * sizeof(double)));
 }
 
 } // namespace trelvanix

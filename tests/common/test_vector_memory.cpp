@@ -1,0 +1,48 @@
+#include "common/vector_memory.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+namespace trelvanix
+{
+namespace
+{
+
+struct Free {
+    void operator()(void* memory) const
+    {
+        std::free(memory);
+    }
+};
+
+TEST(AllocateForVectors, GivesMemoryForEverySize)
+{
+    // The whole block can be written: the address sanitizer would tell.
+    constexpr std::size_t mebibyte = std::size_t{1} << 20;
+    for (const std::size_t size :
+         {std::size_t{1}, std::size_t{1023}, std::size_t{1024}, std::size_t{1025}, 8 * mebibyte - 1,
+          8 * mebibyte, 8 * mebibyte + 1, 9 * mebibyte}) {
+        const std::unique_ptr<void, Free> memory(AllocateForVectors(size));
+        ASSERT_NE(memory, nullptr) << size;
+        std::memset(memory.get(), 0x5a, size);
+        EXPECT_EQ(static_cast<unsigned char*>(memory.get())[size - 1], 0x5a) << size;
+    }
+}
+
+#if !defined(_WIN32)
+TEST(AllocateForVectors, BeginsLargeBlocksAtACacheLine)
+{
+    for (std::size_t size = 1024; size < 100000; size += 1000) {
+        const std::unique_ptr<void, Free> memory(AllocateForVectors(size));
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory.get()) % 64, 0U) << size;
+    }
+}
+#endif
+
+} // namespace
+} // namespace trelvanix
