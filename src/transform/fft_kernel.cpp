@@ -560,10 +560,8 @@ TRELVANIX_INLINE void Transform(const Source& source, double* data, std::int64_t
     const int stages = StagesOfPass(size);
     if (stages == 3)
         FirstPass<3>(source, data, size, n, twiddles);
-    else if (stages == 2)
+    else // sizes with a single stage before the tiles are small
         FirstPass<2>(source, data, size, n, twiddles);
-    else
-        FirstPass<1>(source, data, size, n, twiddles);
     MiddlePasses(data, size, size >> stages, twiddles);
     LastPass(data, size, twiddles, output);
 }

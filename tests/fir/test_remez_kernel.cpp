@@ -138,7 +138,8 @@ TEST(Interpolate, HasTheBitsOfThePlainForm)
 {
     Samples samples(612);
     for (std::size_t nodes = 0; nodes <= 40; ++nodes) {
-        for (const std::size_t points : {0, 1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 31, 32, 33}) {
+        for (const std::size_t points :
+             {0U, 1U, 2U, 3U, 4U, 5U, 7U, 8U, 9U, 15U, 16U, 17U, 31U, 32U, 33U}) {
             Row x = samples.Plain(nodes);
             Row xf = samples.Plain(points);
             if (nodes > 0 && points > 0)
