@@ -9,7 +9,6 @@
 
 #include "fir/equiripple_error.h"
 #include "fir/remez_grid.h"
-#include "support/bits.h"
 
 namespace trelvanix
 {
@@ -20,7 +19,6 @@ using Row = std::vector<double>;
 using testing::Alternation;
 using testing::AmplitudeOf;
 using testing::FindAlternation;
-using testing::SameBits;
 using testing::TestBand;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
