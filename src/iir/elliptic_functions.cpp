@@ -69,6 +69,18 @@ Complex Ascend(Complex w, const std::vector<double>& moduli)
     return w;
 }
 
+// The elliptic function of each argument whose circular one is given.
+template <class Value, class Circular>
+std::vector<Value> AscendAll(const std::vector<Value>& u, double k, double tol, Circular circular)
+{
+    const std::vector<double> moduli = LandenModuli(k, tol);
+    std::vector<Value> values;
+    values.reserve(u.size());
+    for (const Value argument : u)
+        values.push_back(Ascend(circular(argument), moduli));
+    return values;
+}
+
 } // namespace
 
 double SymmetricRemainder(double x, double y)
@@ -128,32 +140,17 @@ std::vector<double> EllipticKByAgm(const std::vector<double>& m)
 
 std::vector<double> JacobiCd(const std::vector<double>& u, double k, double tol)
 {
-    const std::vector<double> moduli = LandenModuli(k, tol);
-    std::vector<double> values;
-    values.reserve(u.size());
-    for (const double argument : u)
-        values.push_back(Ascend(std::cos(argument * pi * 0.5), moduli));
-    return values;
+    return AscendAll(u, k, tol, [](double argument) { return std::cos(argument * pi * 0.5); });
 }
 
 std::vector<double> JacobiSn(const std::vector<double>& u, double k, double tol)
 {
-    const std::vector<double> moduli = LandenModuli(k, tol);
-    std::vector<double> values;
-    values.reserve(u.size());
-    for (const double argument : u)
-        values.push_back(Ascend(std::sin(argument * pi * 0.5), moduli));
-    return values;
+    return AscendAll(u, k, tol, [](double argument) { return std::sin(argument * pi * 0.5); });
 }
 
 std::vector<Complex> JacobiCdComplex(const std::vector<Complex>& u, double k, double tol)
 {
-    const std::vector<double> moduli = LandenModuli(k, tol);
-    std::vector<Complex> values;
-    values.reserve(u.size());
-    for (const Complex argument : u)
-        values.push_back(Ascend(std::cos(argument * halfPi), moduli));
-    return values;
+    return AscendAll(u, k, tol, [](Complex argument) { return std::cos(argument * halfPi); });
 }
 
 Complex JacobiSnComplex(Complex u, double k, double tol)
