@@ -6,4 +6,9 @@ if(TRELVANIX_SANITIZE)
   if(TRELVANIX_SANITIZE MATCHES "undefined")
     add_compile_options(-fsanitize=float-cast-overflow)
   endif()
+  if(TRELVANIX_SANITIZE MATCHES "memory")
+    add_compile_options(
+      -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/memory_sanitizer/uninstrumented.txt
+      $<$<COMPILE_LANGUAGE:CXX>:-include$<SEMICOLON>${CMAKE_CURRENT_LIST_DIR}/memory_sanitizer/own_templates.h>)
+  endif()
 endif()

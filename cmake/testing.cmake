@@ -3,20 +3,24 @@
 #                                         one test, because every start takes a while there.
 #   trelvanix_run_under_wine(TEST...)     to be said of every other test that starts a Windows program; does
 #                                         nothing for a native build. Without Wine such tests are skipped.
-if(CMAKE_CROSSCOMPILING)
-  # Debian ships GoogleTest for the machine itself as a library, for others as sources.
+if(CMAKE_CROSSCOMPILING OR TRELVANIX_SANITIZE MATCHES "memory")
+  # Debian ships GoogleTest for the machine itself as a library, for others, and for builds in which everything
+  # has to be instrumented, as sources.
   set(TRELVANIX_GOOGLETEST_SOURCE /usr/src/googletest CACHE PATH "Sources of GoogleTest")
   set(INSTALL_GTEST OFF CACHE BOOL "Install GoogleTest")
   set(BUILD_GMOCK OFF CACHE BOOL "Build GoogleMock")
   add_subdirectory(${TRELVANIX_GOOGLETEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+else()
+  find_package(GTest REQUIRED)
+endif()
 
+if(CMAKE_CROSSCOMPILING)
   # Every Windows test begins with the same Wine server, which would else be started for each of them.
   add_test(NAME wine.start COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --start)
   add_test(NAME wine.stop COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --stop)
   set_tests_properties(wine.start PROPERTIES FIXTURES_SETUP wine SKIP_RETURN_CODE 77)
   set_tests_properties(wine.stop PROPERTIES FIXTURES_CLEANUP wine SKIP_RETURN_CODE 77)
 else()
-  find_package(GTest REQUIRED)
   include(GoogleTest)
 endif()
 

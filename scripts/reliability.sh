@@ -47,7 +47,7 @@ sanitizers() {
   build tsan
   ctest --preset tsan --parallel "$(nproc)" --progress
   build msan
-  build/msan/tests/abi/trelvanix_memory_host
+  ctest --preset msan --parallel "$(nproc)" --progress
 }
 
 # Invalid reads and writes, leaks, decisions on values that were never written, in the ordinary build.

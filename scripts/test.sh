@@ -63,7 +63,7 @@ build tsan --target trelvanix_abi_tests
 build/tsan/tests/abi/trelvanix_abi_tests --gtest_brief=1
 
 step "Memory sanitizer: every result was computed"
-build msan
+build msan --target trelvanix_memory_host
 build/msan/tests/abi/trelvanix_memory_host
 
 step "Fuzzing: the inputs found so far, then three seconds for each target"

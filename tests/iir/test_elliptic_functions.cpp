@@ -125,6 +125,15 @@ TEST(EllipticK, GrowsWithoutBoundTowardsOne)
     EXPECT_TRUE(std::isnan(EllipticK(1.0, tol).K));
 }
 
+TEST(EllipticK, TakesTwoTermsOfTheSeriesBesideOne)
+{
+    // k^2 rounds to 1 - 2^-40, so that k' is 2^-20: K = ln(4 / k') + (ln(4 / k') - 1) k'^2 / 4.
+    const double k = 1.0 - std::ldexp(1.0, -41);
+    const double logarithm = 22.0 * std::log(2.0);
+    const double expected = logarithm + (logarithm - 1.0) * std::ldexp(1.0, -42);
+    EXPECT_NEAR(EllipticK(k, tol).K, expected, 2.0 * epsilon * expected);
+}
+
 TEST(EllipticK, HasNoNumberForModuliOutsideItsRange)
 {
     for (const double k : {1.5, inf})
@@ -276,6 +285,12 @@ TEST(EllipticDegree, SolvesTheDegreeEquation)
             EXPECT_NEAR(N * Kprime / K / (K1prime / K1), 1.0, tolerance) << N << " " << k1;
         }
     }
+}
+
+TEST(EllipticDegree, FindsAModulusAgainFromItsOwnNome)
+{
+    // The two series differ from 1 by q^2 and 2 q, which is 6e-6 here.
+    EXPECT_NEAR(EllipticDegreeByNome(1, 0.01), 0.01, 1e-12);
 }
 
 TEST(EllipticDegree, KeepsTheNthPowerOfTheNomeForTinyModuli)
