@@ -3,6 +3,7 @@
 #   scripts/fuzz.sh SECONDS [TARGET...]   each target (default: all) for that long, one process a core
 #   scripts/fuzz.sh --merge               adds what was found to tests/fuzz/corpus, the smallest set of
 #                                         inputs that reaches the same code
+#   scripts/fuzz.sh --coverage            how much of src/ the inputs found so far reach (llvm-cov)
 # Inputs that reach new code are kept in build/fuzz/corpus, inputs that break an invariant in
 # build/fuzz/findings; a second run goes on where the first ended.
 set -euo pipefail
@@ -18,6 +19,20 @@ if [ "${1:-}" = --merge ]; then
     mkdir -p "$found/$target"
     "$programs/$target" -merge=1 "tests/fuzz/corpus/$target" "$found/$target" 2>/dev/null
   done
+  exit 0
+fi
+
+if [ "${1:-}" = --coverage ]; then
+  counted=build/fuzz-coverage
+  cmake --preset fuzz -B "$counted" -DCMAKE_CXX_FLAGS='-fprofile-instr-generate -fcoverage-mapping' >/dev/null
+  cmake --build "$counted" --parallel "$(nproc)" >/dev/null
+  for target in "${targets[@]}"; do
+    mkdir -p "$found/$target"
+    LLVM_PROFILE_FILE=$counted/$target.profraw "$counted/tests/fuzz/$target" -runs=0 -timeout=10 \
+      "tests/fuzz/corpus/$target" "$found/$target" 2>/dev/null
+  done
+  llvm-profdata merge -o "$counted/all.profdata" "$counted"/*.profraw
+  llvm-cov report "$counted/src/libTrelvanix.so" -instr-profile="$counted/all.profdata" "$PWD/src"
   exit 0
 fi
 

@@ -26,7 +26,7 @@ test_packages=(
   gfortran mono-mcs mono-runtime libjna-java       # example hosts in Fortran, C# and Java
 )
 reliability_packages=(
-  gcovr                                            # coverage
+  gcovr llvm                                       # coverage by the tests, by fuzzing
   valgrind                                         # memory checker
   ninja-build                                      # the many builds of the mutation test
 )

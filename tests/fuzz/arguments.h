@@ -78,6 +78,12 @@ public:
         return Rarely() ? Number() : bytes.ConsumeFloatingPointInRange(0.0, 150.0);
     }
 
+    // Ripples and attenuations as factors.
+    double Deviation()
+    {
+        return Rarely() ? Number() : Below(1, 1000) / 1000.0;
+    }
+
     std::vector<double> Numbers(int count)
     {
         std::vector<double> numbers(static_cast<std::size_t>(count > 0 ? count : 0));

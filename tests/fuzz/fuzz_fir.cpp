@@ -30,10 +30,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const double f3 = arguments.Edge();
     const double f4 = arguments.Edge();
-    const int ndev = arguments.Code(4);
+    const int ndev = arguments.Flag() ? arguments.Code(4) : filterType < 2 ? 2 : 3;
     std::vector<double> deviations(static_cast<std::size_t>(std::clamp(ndev, 0, 4)));
     for (double& deviation : deviations)
-        deviation = arguments.Flag() ? arguments.Number() : arguments.Below(1, 1000) / 1000.0;
+        deviation = arguments.Deviation();
     // The order follows from the transition bands; estimates beyond some hundred are left out, because
     // the design would take minutes by contract. It needs the narrowest transition for that.
     const bool narrow = std::fabs(wc1 - wc2) < 0.02 || (filterType > 1 && std::fabs(f3 - f4) < 0.02);

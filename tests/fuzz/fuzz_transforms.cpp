@@ -3,7 +3,7 @@
 
 using namespace trelvanix::fuzz;
 
-// DFT, FFT, IFFT, FFText.
+// DFT, FFT, IFFT, FFText, and releasing nothing.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Arguments arguments(data, size);
@@ -28,5 +28,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         imaginary.RequireWritten();
     }
     x.RequireUntouched();
+
+    for (const auto release : {ReleaseDoubleArray, ReleaseComplexDoubleArray})
+        Require(release(nullptr) == 0, "there is nothing to release behind null");
     return 0;
 }

@@ -145,7 +145,8 @@ Outcome RequireResult(Call call, std::int64_t count)
             double* result = call();
             Require(result != nullptr, "a result is not null");
             values[i].assign(result, result + count);
-            Require(ReleaseDoubleArray(result) == 1, "a result can be released");
+            const auto release = i == 0 ? ReleaseDoubleArray : ReleaseComplexDoubleArray;
+            Require(release(result) == 1, "a result can be released by either name");
         });
     }
     Require(outcomes[0] == outcomes[1], "the same call has the same outcome");
