@@ -159,6 +159,22 @@ TEST(EllipticKByAgm, MatchesFiftyDigits)
     }
 }
 
+TEST(EllipticKByAgm, EndsWithTheStepThatTheBoundAsksFor)
+{
+    // The weighted squares of the differences of step 6 and 7, in forty digits: 2.9e-16 and 4.3e-33 for the
+    // first parameter, 2.2e-8 and 9.6e-17 for the second; a step more or less shows in the last bit.
+    for (const double m : {0.9999982247991865, 0.9999999999997197}) {
+        double a = 1.0;
+        double b = std::sqrt(1.0 - m);
+        for (int i = 1; i <= 7; ++i) {
+            const double geometric = std::sqrt(a * b);
+            a = (a + b) / 2.0;
+            b = geometric;
+        }
+        EXPECT_EQ(EllipticKByAgm({m})[0], pi / (2.0 * a)) << std::setprecision(17) << m;
+    }
+}
+
 TEST(EllipticKByAgm, EndsForEveryParameter)
 {
     // K(m) = K(m / (m - 1)) / sqrt(1 - m) for m < 0, and K(m) sqrt(m / (m - 1)) grows as ln 4 sqrt(1 - m).
