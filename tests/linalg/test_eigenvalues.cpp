@@ -446,6 +446,24 @@ TEST(AllHessenbergEigenvalues, GivesNotANumberForWhatIsNotFinite)
     }
 }
 
+TEST(AllHessenbergEigenvalues, MeasuresAnEntryBetweenZerosByTheWholeNorm)
+{
+    // 1e-13 is nothing beside the entries below the diagonal of the other block, but much beside the rest:
+    // the two eigenvalues above are zeros then, or else the roots of 1e-13. The other three are 8^(1/3).
+    std::vector<double> a = {
+        0.0,   1.0, 0.0,    0.0,    0.0,  //
+        1e-13, 0.0, 0.0,    0.0,    0.0,  //
+        0.0,   0.0, 0.0,    0.0,    8e-6, //
+        0.0,   0.0, 1000.0, 0.0,    0.0,  //
+        0.0,   0.0, 0.0,    1000.0, 0.0,
+    };
+    const std::vector<Complex> values = AllHessenbergEigenvalues(a.data(), 5, 1e-30, 0);
+    EXPECT_EQ(values[0], 0.0);
+    EXPECT_EQ(values[1], 0.0);
+    for (std::size_t i = 2; i < 5; ++i)
+        EXPECT_NEAR(std::abs(values[i]), 2.0, 1e-9);
+}
+
 TEST(AllHessenbergEigenvalues, SplitsNothingAtAnInfiniteNorm)
 {
     // Without a sweep within the limit the infinity has not spread yet. Every diagonal entry is zero:
