@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: GCC, Clang, packages, sanitizers, a little fuzzing, the Windows DLL under
+# Builds everything and runs every test: GCC, Clang, packages, bits, sanitizers, a little fuzzing, the Windows DLL under
 # Wine, style and the demonstration. Installs the Debian packages that are missing (as root, or with sudo).
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -53,6 +53,9 @@ run_tests release
 step "Clang: build with warnings as errors, all tests"
 build clang
 run_tests clang
+
+step "Determinism: the same bits without optimisation and with all instructions"
+scripts/compare_builds.sh g++-O0 clang++-O3-avx512
 
 step "Address and undefined-behaviour sanitizers: all tests"
 build asan
