@@ -26,6 +26,7 @@ fuzz() {
   build fuzz
   ctest --preset fuzz --progress
   scripts/fuzz.sh "$fuzz_seconds"
+  scripts/fuzz.sh --coverage
 }
 
 # Every allocation of every function fails once.

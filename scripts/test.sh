@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Builds everything and runs every test: GCC, Clang, packages, bits, sanitizers, a little fuzzing, the Windows DLL under
-# Wine, style and the demonstration. Installs the Debian packages that are missing (as root, or with sudo).
+# Builds everything and runs every test: GCC, Clang, packages, the bits of both, sanitizers, a little fuzzing, the
+# Windows DLL under Wine, style and the demonstration. Installs the Debian packages that are missing (as root, or
+# with sudo).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
