@@ -28,14 +28,13 @@ std::vector<double> ShiftMatrix(int n)
 // What ReduceToHessenberg does to a matrix that has ones below the diagonal and zeros around them: with
 // multipliers of zero it adds 0 a(0, i) to a(0, j), 0 < j < i, from left to right. That changes no number
 // but -0, which becomes +0 if a later entry is positive, and makes all before an infinity or a
-// not-a-number not-a-number.
+// not-a-number not-a-number. The last entry, which is -1, adds -0 and so changes nothing.
 void ReduceFirstRow(double* row, int n)
 {
     double added = -0.0;
-    for (int j = n - 1; j >= 1; --j) {
+    for (int j = n - 2; j >= 1; --j) {
         const double multiple = 0.0 * row[j];
-        if (j < n - 1)
-            row[j] += added;
+        row[j] += added;
         added += multiple;
     }
 }
