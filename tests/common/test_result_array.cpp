@@ -13,6 +13,9 @@
 #if defined(__linux__)
 #include <sys/resource.h>
 #endif
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 namespace trelvanix
 {
@@ -41,6 +44,17 @@ TEST(NewResultArray, RefusesANegativeCount)
     EXPECT_THROW(NewComplexResultArray(-1), std::bad_array_new_length);
     EXPECT_THROW(NewComplexResultArray(INT_MIN), std::bad_array_new_length);
 }
+
+#if defined(__GLIBC__)
+TEST(NewResultArray, TakesTheMemoryOfItsElements)
+{
+    // 250 and 500 cache lines; the heap adds less than one.
+    EXPECT_LT(malloc_usable_size(NewResultArray(2000).get()), 16064U);
+    for (const ResultArray& array :
+         {NewComplexResultArray(2000), NewUnclearedComplexResultArray(2000), NewComplexWorkArray(2000)})
+        EXPECT_LT(malloc_usable_size(array.get()), 32064U);
+}
+#endif
 
 TEST(NewComplexResultArray, IsClearedToPositiveZero)
 {

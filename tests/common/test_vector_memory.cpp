@@ -8,6 +8,10 @@
 #include <cstring>
 #include <memory>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace trelvanix
 {
 namespace
@@ -40,6 +44,16 @@ TEST(AllocateForVectors, BeginsLargeBlocksAtACacheLine)
     for (std::size_t size = 1024; size < 100000; size += 1000) {
         const std::unique_ptr<void, Free> memory(AllocateForVectors(size));
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory.get()) % 64, 0U) << size;
+    }
+}
+#endif
+
+#if defined(__GLIBC__)
+TEST(AllocateForVectors, TakesNoMoreThanWholeCacheLines)
+{
+    for (std::size_t size = 1024; size < 100000; size += 32) {
+        const std::unique_ptr<void, Free> memory(AllocateForVectors(size));
+        EXPECT_LT(malloc_usable_size(memory.get()), (size + 63) / 64 * 64 + 64) << size;
     }
 }
 #endif

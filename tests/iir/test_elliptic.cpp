@@ -89,6 +89,15 @@ TEST(EllipticPrototype, HasImaginaryZerosBeyondTheStopEdge)
     }
 }
 
+TEST(EllipticPrototype, HasNoPlaceForZerosWhereTheModulusIsZero)
+{
+    ASSERT_EQ(Modulus(1.0, 2000.0, 4), 0.0);
+    for (const Complex zero : EllipticPrototype(4, 1.0, 2000.0).zeros) {
+        EXPECT_TRUE(std::isnan(zero.real()));
+        EXPECT_TRUE(std::isinf(zero.imag()));
+    }
+}
+
 TEST(EllipticPrototype, PutsTheRealPoleLastForOddOrders)
 {
     for (int order = 1; order <= 9; order += 2) {
