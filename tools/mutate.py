@@ -5,7 +5,8 @@
 
 A mutant is a source file of src/ with one operator, comparison, literal or function name changed. It is
 built in a copy of the tree and run against the unit tests (those of its own folder first), then against
-the hosts, then against the Python oracles, until one fails; a test that doesn't end counts as failed.
+the hosts, the Python oracles, and the unit tests under the address and undefined-behaviour sanitizers, until
+one fails; a test that doesn't end counts as failed.
 Limits are in processor time, so that a busy machine kills no mutant. Mutants that do not compile, and those
 of which the compiler makes the same code as of the original (Papadakis et al. 2015), are replaced by others;
 sizes of arrays and reservations are left alone.
@@ -82,11 +83,17 @@ def mutants_of(path):
                 yield path, number, match.start(), match.end(), changed_number(match.group())
 
 
-def limit_resources():
-    """For a mutant that never stops, or never stops to allocate."""
-    resource.setrlimit(resource.RLIMIT_AS, (TEST_BYTES, TEST_BYTES))
+def limit_processor_time():
+    """For a mutant that never stops."""
     resource.setrlimit(resource.RLIMIT_CPU, (TEST_PROCESSOR_SECONDS, TEST_PROCESSOR_SECONDS))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+
+
+def limit_resources():
+    """For a mutant that never stops, or never stops to allocate. No program under the address sanitizer
+    lives in so few addresses."""
+    limit_processor_time()
+    resource.setrlimit(resource.RLIMIT_AS, (TEST_BYTES, TEST_BYTES))
 
 
 def suites_beside(path):
@@ -103,29 +110,37 @@ class Workshop:
     def __init__(self, folder):
         self.root = pathlib.Path(folder) / "tree"
         subprocess.run(["git", "clone", "-q", str(ROOT), str(self.root)], check=True)
-        self.build = self.root / "build" / "mutants"
-        self.run(["cmake", "-G", "Ninja", "-S", str(self.root), "-B", str(self.build),
-                  "-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
-                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF"])
-        if not self.make("all"):
+        self.build = self.configured("mutants")
+        self.sanitized = self.configured("sanitized", "-DTRELVANIX_SANITIZE=address,undefined")
+        if not self.make(self.build, "all"):
             sys.exit("the unchanged tree does not build")
         self.unchanged_code = {}
         if killer := self.killer("*"):
             sys.exit(f"the unchanged tree fails: {killer}")
         self.unchanged_code = self.code()
 
-    def run(self, command):
+    def configured(self, name, *options):
+        """A new build folder."""
+        build = self.root / "build" / name
+        self.run(["cmake", "-G", "Ninja", "-S", str(self.root), "-B", str(build),
+                  "-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
+                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF", *options])
+        return build
+
+    def run(self, command, limits=limit_resources):
         try:
-            return subprocess.run(command, cwd=self.build if self.build.exists() else self.root,
-                                  stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-                                  timeout=LONGEST_SECONDS, check=False,
-                                  preexec_fn=limit_resources).returncode == 0
+            return subprocess.run(command, cwd=self.root, stdout=subprocess.DEVNULL,
+                                  stderr=subprocess.DEVNULL, timeout=LONGEST_SECONDS, check=False,
+                                  preexec_fn=limits).returncode == 0
         except subprocess.TimeoutExpired:
             return False
 
-    def make(self, target):
-        return self.run(["cmake", "--build", str(self.build), "--parallel", "1",
-                         "--target", target])
+    def make(self, build, target):
+        return self.run(["cmake", "--build", str(build), "--parallel", "1", "--target", target])
+
+    def unit_tests_pass(self, build, suites, limits=limit_resources):
+        return self.run([str(build / UNIT_TESTS), f"--gtest_filter={suites}", "--gtest_fail_fast",
+                         "--gtest_brief=1"], limits)
 
     def code(self):
         """The object files of the library, as digests."""
@@ -135,20 +150,23 @@ class Workshop:
     def killer(self, first_suites):
         """What fails first, "compiler" for a mutant that doesn't build, "same code" for one that is the
         original to the compiler, None for one that survives."""
-        if not self.make("trelvanix_tests"):
+        if not self.make(self.build, "trelvanix_tests"):
             return "compiler"
         if self.code() == self.unchanged_code:
             return "same code"
         for suites in (first_suites, "*"):
-            if suites and not self.run([str(self.build / UNIT_TESTS), f"--gtest_filter={suites}",
-                                        "--gtest_fail_fast", "--gtest_brief=1"]):
+            if suites and not self.unit_tests_pass(self.build, suites):
                 return "unit tests"
-        if not self.make("all"):
+        if not self.make(self.build, "all"):
             return "compiler"
         for group in ("abi", "peer"):
-            if not self.run(["ctest", "-R", rf"^{group}\.", "--stop-on-failure", "--timeout",
-                             str(LONGEST_SECONDS)]):
+            if not self.run(["ctest", "--test-dir", str(self.build), "-R", rf"^{group}\.", "--stop-on-failure",
+                             "--timeout", str(LONGEST_SECONDS)]):
                 return group
+        if not self.make(self.sanitized, "trelvanix_tests"):
+            return "compiler"
+        if not self.unit_tests_pass(self.sanitized, "*", limit_processor_time):
+            return "sanitizers"
         return None
 
     def try_mutant(self, mutant):
