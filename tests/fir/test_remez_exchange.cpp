@@ -120,6 +120,12 @@ TEST(RemezExchange, HighPassAndBandPass_Alternate)
     }
 }
 
+TEST(RemezExchange, BandsThatEndBelowHalfTheSamplingRate_Alternate)
+{
+    for (const int order : {8, 13, 16})
+        ExpectAlternation(order, {{0.0, 0.4, 1.0, 1.0}, {0.5, 0.85, 0.0, 1.0}});
+}
+
 TEST(RemezExchange, OrderZero_IsTheMiddleOfTheAmplitudes)
 {
     const Design design = DesignFor(0, {{0.0, 0.4, 1.0, 1.0}, {0.6, 1.0, 0.0, 1.0}});

@@ -74,6 +74,13 @@ TEST(MatInverse, KeepsFailingWithoutAPivot)
         EXPECT_FALSE(std::isfinite(element));
 }
 
+TEST(MatInverse, DoesNotDivideTheFirstPivotByItself)
+{
+    std::vector<double> zero = {0.0};
+    MatInverse(zero, 1);
+    EXPECT_EQ(zero[0], std::numeric_limits<double>::infinity());
+}
+
 TEST(MatInverse, GivesNonFiniteEntriesForASingularMatrix)
 {
     std::vector<double> singular = {1, 2, 2, 4};
