@@ -6,7 +6,11 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <ios>
 #include <memory>
+#include <sstream>
+#include <string>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -45,6 +49,34 @@ TEST(AllocateForVectors, BeginsLargeBlocksAtACacheLine)
         const std::unique_ptr<void, Free> memory(AllocateForVectors(size));
         EXPECT_EQ(reinterpret_cast<std::uintptr_t>(memory.get()) % 64, 0U) << size;
     }
+}
+#endif
+
+#if defined(__linux__)
+// The flags of the mapping that holds this address, as proc(5) abbreviates them.
+std::string FlagsOfMapping(const void* address)
+{
+    const auto sought = reinterpret_cast<std::uintptr_t>(address);
+    std::ifstream mappings("/proc/self/smaps");
+    bool found = false;
+    for (std::string line; std::getline(mappings, line);) {
+        std::uintptr_t begin = 0, end = 0;
+        char dash = 0;
+        if (std::istringstream(line) >> std::hex >> begin >> dash >> end && dash == '-')
+            found = begin <= sought && sought < end;
+        else if (found && line.rfind("VmFlags:", 0) == 0)
+            return line + " ";
+    }
+    return "";
+}
+
+TEST(AllocateForVectors, AsksForLargePagesFromEightMebibytesOn)
+{
+    if (!std::ifstream("/sys/kernel/mm/transparent_hugepage/enabled"))
+        GTEST_SKIP() << "this system has no large pages";
+    constexpr std::size_t mebibyte = std::size_t{1} << 20;
+    const std::unique_ptr<void, Free> large(AllocateForVectors(8 * mebibyte));
+    EXPECT_NE(FlagsOfMapping(large.get()).find(" hg "), std::string::npos);
 }
 #endif
 
