@@ -136,7 +136,8 @@ class Workshop:
             return False
 
     def make(self, build, target):
-        return self.run(["cmake", "--build", str(build), "--parallel", "1", "--target", target])
+        return self.run(["cmake", "--build", str(build), "--parallel", "1", "--target", target],
+                        limit_processor_time)
 
     def unit_tests_pass(self, build, suites, limits=limit_resources):
         return self.run([str(build / UNIT_TESTS), f"--gtest_filter={suites}", "--gtest_fail_fast",
