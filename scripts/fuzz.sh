@@ -47,8 +47,8 @@ status=0
 for target in "${targets[@]}"; do
   mkdir -p "$found/$target"
   log=$findings/$target.log
-  if "$programs/$target" -max_total_time="$seconds" -timeout=10 -max_len=4096 -print_final_stats=1 \
-    -fork="$(nproc)" -artifact_prefix="$findings/$target-" \
+  if "$programs/$target" -max_total_time="$seconds" -timeout=30 -max_len=4096 -print_final_stats=1 \
+    -fork="$(nproc)" -ignore_timeouts=0 -ignore_ooms=0 -artifact_prefix="$findings/$target-" \
     "$found/$target" "tests/fuzz/corpus/$target" >"$log" 2>&1; then
     printf '%-16s nothing found (executions, covered edges: %s)\n' "$target" \
       "$(sed -nE 's/^#([0-9]+): cov: ([0-9]+).*/\1, \2/p' "$log" | tail -1)"

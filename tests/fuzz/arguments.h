@@ -100,12 +100,16 @@ private:
         return Below(0, 15) == 0;
     }
 
-    // Not the patterns of untouched memory: the fuzzer learns them from the comparisons, and results
-    // that repeat an argument would look unwritten.
+    // Not the patterns of untouched memory with either sign: the fuzzer learns them from the comparisons,
+    // and results that repeat an argument or its negative would look unwritten.
     double Bits()
     {
         const double value = std::bit_cast<double>(bytes.ConsumeIntegral<std::uint64_t>());
-        return SameBits(value, Unwritten()) || SameBits(value, FreshMemory()) ? 0.0 : value;
+        const double magnitude = std::fabs(value);
+        return SameBits(magnitude, std::fabs(Unwritten())) ||
+                       SameBits(magnitude, std::fabs(FreshMemory()))
+                   ? 0.0
+                   : value;
     }
 
     double Special()
