@@ -66,21 +66,27 @@ def changed_number(text):
     return str(int(text) + 1)
 
 
+def spans_of(pattern, code):
+    return [match.span() for match in re.finditer(pattern, code)]
+
+
+def within(spans, at):
+    return any(start < at < end for start, end in spans)
+
+
 def mutants_of(path):
     """All mutants of a file: (path, line number, column, end, replacement)."""
     for number, line in enumerate(path.read_text().splitlines()):
         code = code_of(line)
-        spans = [m.span() for m in re.finditer(r'"[^"]*"', code)]
-        inside_text = lambda at: any(start < at < end for start, end in spans)
+        texts = spans_of(r'"[^"]*"', code)
         for pattern, replacement in SWAPS:
-            for match in re.finditer(pattern, code):
-                if not inside_text(match.start()):
-                    yield path, number, match.start(), match.end(), replacement
-        sizes = [m.span() for m in BLOCK_SIZE.finditer(code)]
-        only_a_size = lambda at: any(start < at < end for start, end in sizes)
-        for match in NUMBER.finditer(code):
-            if not inside_text(match.start()) and not only_a_size(match.start()):
-                yield path, number, match.start(), match.end(), changed_number(match.group())
+            for start, end in spans_of(pattern, code):
+                if not within(texts, start):
+                    yield path, number, start, end, replacement
+        left_alone = texts + spans_of(BLOCK_SIZE, code)
+        for start, end in spans_of(NUMBER, code):
+            if not within(left_alone, start):
+                yield path, number, start, end, changed_number(code[start:end])
 
 
 def limit_processor_time():
