@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes tests/iir/elliptic_reference.inc: elliptic integrals and functions to compare the library's with.
+"""Writes tests/math/elliptic_reference.inc: elliptic integrals and functions to compare the library's with.
 
 Every number is computed by mpmath with 50 digits (integrals by the arithmetic-geometric mean, functions by
 theta series of the nome) from arguments that are doubles, and rounded once, to the nearest double. None of
@@ -8,7 +8,7 @@ it goes through a Landen transformation.
 The moduli of the degree equation come from the nome: on paper the nome of k is the N-th root of the nome of
 k1, and k = (theta2 / theta3)^2.
 
-Usage: generate_elliptic_reference.py > tests/iir/elliptic_reference.inc
+Usage: generate_elliptic_reference.py > tests/math/elliptic_reference.inc
 """
 
 import mpmath

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "fir/band_edges.h"
+#include "classic/band_edges.h"
 #include "fir/remez_exchange.h"
 #include "fir/remez_grid.h"
 

@@ -5,8 +5,8 @@
 #include <new>
 #include <vector>
 
-#include "common/growable_array.h"
 #include "common/instruction_set.h"
+#include "common/work_array.h"
 #include "filtering/iir_kernel.h"
 
 namespace trelvanix
@@ -27,8 +27,8 @@ ResultArray IirFilterToSignal(const double* signal, const double* b, const doubl
     const int delay = std::max(coefCount - 1, 0);
     const int filling = std::min(delay, signalLength);
     if (filling > 0) {
-        auto x = NewGrowableArray<double>(std::int64_t{delay} + filling);
-        auto y = NewGrowableArray<double>(std::int64_t{delay} + filling);
+        auto x = NewWorkArray<double>(std::int64_t{delay} + filling);
+        auto y = NewWorkArray<double>(std::int64_t{delay} + filling);
         std::copy_n(signal, filling, x.data() + delay);
         recurse(x.data() + delay, b, a, coefCount, filling, y.data() + delay);
         std::copy_n(y.data() + delay, filling, output.get());

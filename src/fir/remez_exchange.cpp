@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "common/constants.h"
-#include "common/growable_array.h"
 #include "common/instruction_set.h"
 #include "common/numbers.h"
+#include "common/work_array.h"
 #include "fir/remez_kernel.h"
 
 namespace trelvanix
@@ -91,8 +91,8 @@ class ErrorTable
 {
 public:
     explicit ErrorTable(const Grid& dense)
-        : grid(dense), errors(NewGrowableArray<double>(dense.count)),
-          isKnown(NewGrowableArray<char>(dense.count))
+        : grid(dense), errors(NewWorkArray<double>(dense.count)),
+          isKnown(NewWorkArray<char>(dense.count))
     {
     }
 
@@ -342,7 +342,7 @@ std::vector<double> SampleApproximation(const Interpolant& p)
     const int nz = static_cast<int>(p.x.size());
     const int nfcns = nz - 1;
     const double delf = 1.0 / (2.0 * nfcns - 1.0);
-    auto samples = NewGrowableArray<double>(nfcns);
+    auto samples = NewWorkArray<double>(nfcns);
     double* a = samples.data();
     for (int j = 0; j < nfcns; ++j)
         a[j] = std::cos(twoPi * (j * delf));
@@ -368,7 +368,7 @@ std::vector<double> CosineCoefficients(const std::vector<double>& samples)
     const double* a = samples.data();
     const int nfcns = static_cast<int>(samples.size());
     const double cn = 2.0 * nfcns - 1.0;
-    auto coefficients = NewGrowableArray<double>(nfcns);
+    auto coefficients = NewWorkArray<double>(nfcns);
     double* alpha = coefficients.data();
     std::fill_n(alpha, nfcns, a[0]);
     for (int k = 1; k < nfcns; ++k)
@@ -416,7 +416,7 @@ std::vector<double> HalfResponse(const std::vector<double>& coefficients, bool e
 
 std::vector<double> Cosines(const double* grid, int gridCount)
 {
-    auto cosines = NewGrowableArray<double>(gridCount);
+    auto cosines = NewWorkArray<double>(gridCount);
     std::transform(grid, grid + gridCount, cosines.begin(),
                    [](double f) { return std::cos(twoPi * f); });
     return cosines;
@@ -435,7 +435,7 @@ void DivideByHalfAngleCosine(const double* grid, double* desired, double* weight
 // nfcns + 1 extrema spread evenly over the grid.
 std::vector<int> InitialExtrema(int nfcns, int gridCount)
 {
-    auto iext = NewGrowableArray<int>(std::int64_t{nfcns} + 1);
+    auto iext = NewWorkArray<int>(std::int64_t{nfcns} + 1);
     int* extremum = iext.data();
     const double step = static_cast<double>(gridCount - 1) / nfcns;
     // Rounded as positions that count from 1, then brought to indices.
@@ -464,8 +464,8 @@ RemezResult RemezExchange(int tapCount, const double* grid, double* desired, dou
 
     std::vector<int> iext = InitialExtrema(nfcns, gridCount);
     const std::int64_t nz = std::int64_t{nfcns} + 1;
-    Interpolant p = {NewGrowableArray<double>(nz), NewGrowableArray<double>(nz),
-                     NewGrowableArray<double>(nz), 0.0, 0.0};
+    Interpolant p = {NewWorkArray<double>(nz), NewWorkArray<double>(nz), NewWorkArray<double>(nz), 0.0,
+                     0.0};
     ErrorTable errors(dense);
     RemezResult result = {{}, 0, false};
     while (result.iterations < iterationLimit && !result.converged) {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <stdexcept>
 
-#include "common/growable_array.h"
 #include "common/numbers.h"
+#include "common/work_array.h"
 
 namespace trelvanix
 {
@@ -127,8 +127,8 @@ RemezProblem DesignGrid(int order, const double* edges, const double* amplitudes
     RemezProblem problem;
     problem.grid = DenseGrid(order + 1, edges, edgeCount);
     const auto gridCount = static_cast<std::int64_t>(problem.grid.size());
-    problem.desired = NewGrowableArray<double>(gridCount);
-    problem.weight = NewGrowableArray<double>(gridCount);
+    problem.desired = NewWorkArray<double>(gridCount);
+    problem.weight = NewWorkArray<double>(gridCount);
 
     const int bandCount = edgeCount / 2;
     const bool weighted = bandWeights != nullptr && bandWeightCount == bandCount;

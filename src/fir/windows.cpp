@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "common/constants.h"
-#include "common/growable_array.h"
+#include "common/work_array.h"
 
 namespace trelvanix
 {
@@ -274,7 +274,7 @@ ResultArray GenerateWindow(WindowType windowType, const double* angles, int N)
 
 ResultArray CreateWindow(WindowType windowType, int N)
 {
-    auto angles = NewGrowableArray<double>(N);
+    auto angles = NewWorkArray<double>(N);
     for (int n = 0; n < N; ++n)
         angles.data()[n] = n * twoPi / (N - 1);
     return GenerateWindow(windowType, angles.data(), N);

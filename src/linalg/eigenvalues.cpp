@@ -7,8 +7,8 @@
 #include <limits>
 #include <utility>
 
-#include "common/growable_array.h"
 #include "common/instruction_set.h"
+#include "common/work_array.h"
 #include "linalg/sweep_kernel.h"
 
 namespace trelvanix
@@ -214,8 +214,8 @@ int HessenbergEigenvalues(double* a, int n, double tol, int maxIter, double* wr,
 std::vector<Complex> AllHessenbergEigenvalues(double* a, int n, double tol, int maxIter)
 {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    auto wr = NewGrowableArray<double>(n);
-    auto wi = NewGrowableArray<double>(n);
+    auto wr = NewWorkArray<double>(n);
+    auto wi = NewWorkArray<double>(n);
     const int count = Iterate(a, n, tol, maxIter, wr.data(), wi.data());
     std::fill_n(wr.begin(), count, nan);
     IterateBeyondLimit(a, n, count, wr.data(), wi.data());

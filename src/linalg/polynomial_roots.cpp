@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <new>
 
-#include "common/growable_array.h"
+#include "common/work_array.h"
 #include "linalg/eigenvalues.h"
 
 namespace trelvanix
@@ -18,7 +18,7 @@ constexpr int largestDegree = 46340;
 // An n x n matrix with ones below the diagonal; the first row is still to be filled.
 std::vector<double> ShiftMatrix(int n)
 {
-    auto matrix = NewGrowableArray<double>(std::int64_t{n} * n);
+    auto matrix = NewWorkArray<double>(std::int64_t{n} * n);
     double* a = matrix.data();
     for (std::int64_t i = 1; i < n; ++i)
         a[i * n + i - 1] = 1.0;

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "fir/equiripple_error.h"
+#include "classic/equiripple_error.h"
 #include "fir/remez_grid.h"
 
 namespace trelvanix

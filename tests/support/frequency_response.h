@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "iir/state_space.h"
+#include "classic/state_space.h"
 
 namespace trelvanix::testing
 {

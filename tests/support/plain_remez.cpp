@@ -6,8 +6,8 @@
 #include <cstdint>
 
 #include "common/constants.h"
-#include "common/growable_array.h"
 #include "common/numbers.h"
+#include "common/work_array.h"
 
 namespace trelvanix::testing
 {
@@ -214,7 +214,7 @@ std::vector<double> SampleApproximation(const Interpolant& p)
     const int nz = static_cast<int>(p.x.size());
     const int nfcns = nz - 1;
     const double delf = 1.0 / (2.0 * nfcns - 1.0);
-    auto samples = NewGrowableArray<double>(nfcns);
+    auto samples = NewWorkArray<double>(nfcns);
     double* a = samples.data();
     int l = 0;
     for (int j = 0; j < nfcns; ++j) {
@@ -235,7 +235,7 @@ std::vector<double> CosineCoefficients(const std::vector<double>& samples)
     const double* a = samples.data();
     const int nfcns = static_cast<int>(samples.size());
     const double cn = 2.0 * nfcns - 1.0;
-    auto coefficients = NewGrowableArray<double>(nfcns);
+    auto coefficients = NewWorkArray<double>(nfcns);
     double* alpha = coefficients.data();
     for (int j = 0; j < nfcns; ++j) {
         double sum = a[0];
@@ -272,7 +272,7 @@ std::vector<double> HalfResponse(const std::vector<double>& coefficients, bool e
 
 std::vector<double> Cosines(const double* grid, int gridCount)
 {
-    auto cosines = NewGrowableArray<double>(gridCount);
+    auto cosines = NewWorkArray<double>(gridCount);
     std::transform(grid, grid + gridCount, cosines.begin(),
                    [](double f) { return std::cos(twoPi * f); });
     return cosines;
@@ -291,7 +291,7 @@ void DivideByHalfAngleCosine(const double* grid, double* desired, double* weight
 // nfcns + 1 extrema spread evenly over the grid.
 std::vector<int> InitialExtrema(int nfcns, int gridCount)
 {
-    auto iext = NewGrowableArray<int>(std::int64_t{nfcns} + 1);
+    auto iext = NewWorkArray<int>(std::int64_t{nfcns} + 1);
     int* extremum = iext.data();
     const double step = static_cast<double>(gridCount - 1) / nfcns;
     // Rounded as positions that count from 1, then brought to indices.
@@ -349,8 +349,8 @@ RemezResult PlainRemezExchange(int tapCount, const double* grid, double* desired
 
     std::vector<int> iext = InitialExtrema(nfcns, gridCount);
     const std::int64_t nz = std::int64_t{nfcns} + 1;
-    Interpolant p = {NewGrowableArray<double>(nz), NewGrowableArray<double>(nz),
-                     NewGrowableArray<double>(nz), 0.0, 0.0};
+    Interpolant p = {NewWorkArray<double>(nz), NewWorkArray<double>(nz), NewWorkArray<double>(nz), 0.0,
+                     0.0};
     RemezResult result = {{}, 0, false};
     while (result.iterations < iterationLimit && !result.converged) {
         Interpolate(dense, iext, p);

@@ -1,0 +1,209 @@
+#include "math/elliptic_functions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
+#include "common/constants.h"
+#include "linalg/polynomial.h"
+
+// Squares of real numbers are taken with the power function throughout: it differs from the product in
+// the last bit now and then.
+namespace trelvanix
+{
+namespace
+{
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+double ComplementaryModulus(double k)
+{
+    return std::sqrt(1.0 - std::pow(k, 2.0));
+}
+
+double IntegralByLanden(double k, double tol)
+{
+    double product = 1.0;
+    for (const double modulus : LandenModuli(k, tol))
+        product *= 1.0 + modulus;
+    return halfPi * product;
+}
+
+double IntegralByAgm(double m)
+{
+    if (m == 0.0)
+        return 0.0;
+    if (m == 1.0)
+        return infinity;
+    double a = 1.0;
+    double b = std::sqrt(1.0 - m);
+    // The weighted difference falls below the bound within ten steps for m in (0, 1). Where a and b are
+    // huge (m far below 0) their last bits alone keep it above; they have met long before the limit.
+    constexpr int limit = 64;
+    for (int i = 1; i <= limit; ++i) {
+        const double geometric = std::sqrt(a * b);
+        const double weighted = std::pow((a - b) / 2.0, 2.0) * std::pow(2.0, i);
+        a = (a + b) / 2.0;
+        b = geometric;
+        // fmax answers 0 for not-a-number.
+        if (std::fmax(weighted, 0.0) <= landenTolerance)
+            break;
+    }
+    return pi / (2.0 * a);
+}
+
+// From the circular function w up to the elliptic one: the descending sequence backwards.
+double Ascend(double w, const std::vector<double>& moduli)
+{
+    std::for_each(moduli.rbegin(), moduli.rend(), [&w](double modulus) {
+        w = (1.0 + modulus) * w / (1.0 + modulus * std::pow(w, 2.0));
+    });
+    return w;
+}
+
+Complex Ascend(Complex w, const std::vector<double>& moduli)
+{
+    std::for_each(moduli.rbegin(), moduli.rend(),
+                  [&w](double modulus) { w = Divide((1.0 + modulus) * w, 1.0 + modulus * Square(w)); });
+    return w;
+}
+
+// The elliptic function of each argument whose circular one is given.
+template <class Value, class Circular>
+std::vector<Value> AscendAll(const std::vector<Value>& u, double k, double tol, Circular circular)
+{
+    const std::vector<double> moduli = LandenModuli(k, tol);
+    std::vector<Value> values;
+    values.reserve(u.size());
+    for (const Value argument : u)
+        values.push_back(Ascend(circular(argument), moduli));
+    return values;
+}
+
+} // namespace
+
+double SymmetricRemainder(double x, double y)
+{
+    const double z = std::fmod(x, y);
+    if (z > y / 2.0)
+        return z - y;
+    if (z < -y / 2.0)
+        return z + y;
+    return z;
+}
+
+std::vector<double> LandenModuli(double k, double tol)
+{
+    std::vector<double> moduli;
+    double modulus = k;
+    bool descends = true;
+    while (modulus > tol && descends) {
+        const double previous = modulus;
+        modulus = std::pow(previous / (1.0 + ComplementaryModulus(previous)), 2.0);
+        moduli.push_back(modulus);
+        descends = modulus < previous;
+    }
+    return moduli;
+}
+
+CompleteIntegrals EllipticK(double k, double tol)
+{
+    constexpr double kmin = 1e-6;
+    const double kmax = ComplementaryModulus(kmin);
+    if (k == 0.0)
+        return {infinity, infinity};
+
+    const double kp = ComplementaryModulus(k);
+    CompleteIntegrals integrals = {};
+    if (k > kmax) {
+        const double L = std::log(kp * 0.25);
+        integrals.K = std::pow(kp, 2.0) * (-L - 1.0) * 0.25 + -L;
+    } else {
+        integrals.K = IntegralByLanden(k, tol);
+    }
+    if (k < kmin) {
+        const double L = std::log(k * 0.25);
+        integrals.Kprime = (-L - 1.0) * std::pow(k, 2.0) * 0.25 + -L;
+    } else {
+        integrals.Kprime = IntegralByLanden(kp, tol);
+    }
+    return integrals;
+}
+
+std::vector<double> EllipticKByAgm(const std::vector<double>& m)
+{
+    std::vector<double> integrals(m.size());
+    std::transform(m.begin(), m.end(), integrals.begin(), IntegralByAgm);
+    return integrals;
+}
+
+std::vector<double> JacobiCd(const std::vector<double>& u, double k, double tol)
+{
+    return AscendAll(u, k, tol, [](double argument) { return std::cos(argument * pi * 0.5); });
+}
+
+std::vector<double> JacobiSn(const std::vector<double>& u, double k, double tol)
+{
+    return AscendAll(u, k, tol, [](double argument) { return std::sin(argument * pi * 0.5); });
+}
+
+std::vector<Complex> JacobiCdComplex(const std::vector<Complex>& u, double k, double tol)
+{
+    return AscendAll(u, k, tol, [](Complex argument) { return std::cos(argument * halfPi); });
+}
+
+Complex JacobiSnComplex(Complex u, double k, double tol)
+{
+    return Ascend(std::sin(u * halfPi), LandenModuli(k, tol));
+}
+
+Complex InverseCdComplex(Complex w, double k, double tol)
+{
+    constexpr double twoOverPi = 0.6366197723675814;
+    double previous = k;
+    for (const double modulus : LandenModuli(k, tol)) {
+        const Complex root = std::sqrt(1.0 - std::pow(previous, 2.0) * Square(w));
+        w = Divide(w, 1.0 + root) * 2.0 / (1.0 + modulus);
+        previous = modulus;
+    }
+    const Complex u = twoOverPi * std::acos(w);
+    const auto [K, Kprime] = EllipticK(k, tol);
+    const double R = Kprime / K;
+    return {SymmetricRemainder(u.real(), 4.0), SymmetricRemainder(u.imag(), 2.0 * R)};
+}
+
+Complex InverseSnComplex(Complex w, double k, double tol)
+{
+    const Complex u = InverseCdComplex(w, k, tol);
+    return {1.0 - u.real(), 0.0 - u.imag()};
+}
+
+double EllipticDegree(int N, double k1)
+{
+    if (k1 < 1e-6)
+        return EllipticDegreeByNome(N, k1);
+    const double k1p = ComplementaryModulus(k1);
+    std::vector<double> u;
+    for (int i = 1; i <= N / 2; ++i)
+        u.push_back((2.0 * i - 1.0) / N);
+    const std::vector<double> s = JacobiSn(u, k1p, landenTolerance);
+    const double P = std::pow(ProductOf(s.data(), N / 2), 4.0);
+    const double kp = std::pow(k1p, static_cast<double>(N)) * P;
+    return ComplementaryModulus(kp);
+}
+
+double EllipticDegreeByNome(int N, double k1)
+{
+    const auto [K, Kprime] = EllipticK(k1, landenTolerance);
+    const double q = std::pow(std::exp(-pi * Kprime / K), static_cast<double>(N));
+    double A = 0.0;
+    double B = 0.0;
+    for (int m = 1; m <= 7; ++m) {
+        A += std::pow(q, m * (m + 1.0));
+        B += std::pow(q, m * static_cast<double>(m));
+    }
+    return 4.0 * std::sqrt(q) * (1.0 + A) / std::pow(1.0 + 2.0 * B, 2.0);
+}
+
+} // namespace trelvanix
