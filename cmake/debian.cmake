@@ -1,5 +1,5 @@
-# Two Debian packages: libtrelvanix1, whose number is the library's binary interface, and libtrelvanix-dev.
-set(runtimePackage libtrelvanix${PROJECT_VERSION_MAJOR})
+# A Debian package for every library, as libtrelvanix1, whose number is that of the binary interface, and
+# libtrelvanix-dev for all of them.
 set(developmentPackage libtrelvanix-dev)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -8,27 +8,39 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SOURCE trelvanix)
 
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${runtimePackage})
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 file(WRITE ${PROJECT_BINARY_DIR}/debian/triggers "activate-noawait ldconfig\n")
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/debian/triggers)
-
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${developmentPackage})
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${runtimePackage} (= ${PROJECT_VERSION})")
 
 set(about "Trelvanix designs FIR and IIR filters, applies them, computes Fourier
 transforms and finds polynomial roots, behind a flat C interface of twenty
 functions.")
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${about}
+set(dependencies)
+set(packages)
+get_property(libraries GLOBAL PROPERTY trelvanixLibraries)
+foreach(library IN LISTS libraries)
+  get_target_property(folder ${library} TRELVANIX_FOLDER)
+  get_target_property(version ${library} VERSION)
+  get_target_property(soVersion ${library} SOVERSION)
+  string(TOLOWER lib${library}${soVersion} package)
+  string(TOUPPER RUNTIME_${folder} component)
+  set(CPACK_DEBIAN_${component}_PACKAGE_NAME ${package})
+  set(CPACK_DEBIAN_${component}_PACKAGE_SECTION libs)
+  set(CPACK_DEBIAN_${component}_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_DEBIAN_${component}_PACKAGE_CONTROL_EXTRA ${PROJECT_BINARY_DIR}/debian/triggers)
+  set(CPACK_DEBIAN_${component}_DESCRIPTION "${about}
 .
-This package has the library.")
+This package has the library ${library}.")
+  list(APPEND dependencies "${package} (= ${PROJECT_VERSION})")
+  list(APPEND packages ${package})
+endforeach()
+list(JOIN dependencies ", " dependencies)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${developmentPackage})
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${dependencies}")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}
 .
-This package has the header, the CMake package and the pkg-config file.")
+This package has the headers, the CMake package and the pkg-config files.")
 
 file(STRINGS ${PROJECT_SOURCE_DIR}/LICENSE copyrightLine REGEX "^Copyright ")
 file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
@@ -59,7 +71,11 @@ file(WRITE ${PROJECT_BINARY_DIR}/debian/changelog
 execute_process(COMMAND gzip -9nf changelog
   WORKING_DIRECTORY ${PROJECT_BINARY_DIR}/debian COMMAND_ERROR_IS_FATAL ANY)
 
-foreach(component runtime development)
+function(trelvanix_install_debian_documents package component)
   install(FILES ${PROJECT_BINARY_DIR}/debian/copyright ${PROJECT_BINARY_DIR}/debian/changelog.gz
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${${component}Package} COMPONENT ${component})
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
+endfunction()
+foreach(package folder IN ZIP_LISTS packages trelvanixProducts)
+  trelvanix_install_debian_documents(${package} runtime_${folder})
 endforeach()
+trelvanix_install_debian_documents(${developmentPackage} development)

@@ -1,19 +1,24 @@
-# What `cmake --install` lays down, in two components: runtime (the library) and development (header, link
-# names, CMake package, pkg-config file, documentation). Everything finds its neighbours from where it
+# What `cmake --install` lays down: of every library a component runtime_<folder>, and one component development
+# (headers, link names, CMake package, pkg-config files, documentation). Everything finds its neighbours from where it
 # stands, so an installed tree may be moved.
 include(CMakePackageConfigHelpers)
 
-install(TARGETS Trelvanix EXPORT TrelvanixTargets
-  RUNTIME COMPONENT runtime
-  LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
-  ARCHIVE COMPONENT development)
-install(FILES ${PROJECT_SOURCE_DIR}/include/trelvanix.h
-  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
-if(WIN32)
-  # From it every toolchain makes an import library of its own kind.
-  install(FILES ${PROJECT_BINARY_DIR}/src/trelvanix.def
-    DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME Trelvanix.def COMPONENT development)
-endif()
+get_property(libraries GLOBAL PROPERTY trelvanixLibraries)
+foreach(library IN LISTS libraries)
+  get_target_property(folder ${library} TRELVANIX_FOLDER)
+  install(TARGETS ${library} EXPORT TrelvanixTargets
+    RUNTIME COMPONENT runtime_${folder}
+    LIBRARY COMPONENT runtime_${folder} NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development)
+  get_target_property(headers ${library} TRELVANIX_HEADERS)
+  install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
+  if(WIN32)
+    # From it every toolchain makes an import library of its own kind.
+    get_target_property(definition ${library} TRELVANIX_DEFINITION)
+    install(FILES ${definition}
+      DESTINATION ${CMAKE_INSTALL_LIBDIR} RENAME ${library}.def COMPONENT development)
+  endif()
+endforeach()
 
 set(packageFolder ${CMAKE_INSTALL_LIBDIR}/cmake/Trelvanix)
 install(EXPORT TrelvanixTargets
@@ -36,9 +41,13 @@ else()
   set(pkgConfigLibraryFolder \${prefix}/${CMAKE_INSTALL_LIBDIR})
   set(pkgConfigIncludeFolder \${prefix}/${CMAKE_INSTALL_INCLUDEDIR})
 endif()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/trelvanix.pc.in ${PROJECT_BINARY_DIR}/trelvanix.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/trelvanix.pc
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+foreach(library IN LISTS libraries)
+  string(TOLOWER ${library} lowerName)
+  get_target_property(version ${library} VERSION)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/library.pc.in ${PROJECT_BINARY_DIR}/${lowerName}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${lowerName}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endforeach()
 
 if(TRELVANIX_DEBIAN_PACKAGES)
   set(CMAKE_INSTALL_DOCDIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/libtrelvanix-dev)

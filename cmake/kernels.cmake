@@ -1,11 +1,19 @@
-# Kernels: sources that are compiled once for each instruction set, each time into a namespace of that
-# set's name (baseline, avx2, avx512), and chosen among at run time. Where a platform or compiler lacks
-# the options, the twins are compiled without them and never chosen.
+# Kernels: sources that are compiled once for each instruction set, each time into a namespace of that set's name,
+# and chosen among at run time. x86 has three sets, every other platform its baseline alone.
 #
-#   trelvanix_add_kernels(<target> <source>...)   adds the objects of all sets to the target
+#   trelvanix_add_kernels(<target> <source>...)   adds the objects of all sets to the target; may be called for
+#                                                 several targets
+#
+# TRELVANIX_PLAIN_LANES builds them without the compiler's vector types, as compilers without such types do (MSVC).
+option(TRELVANIX_PLAIN_LANES "Build the kernels without the compiler's vector types" OFF)
 
-set(trelvanixInstructionSets baseline avx2 avx512)
-if(NOT MSVC AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|x86_64|AMD64)$")
+set(trelvanixInstructionSets baseline)
+set(trelvanixKernelDefinitions)
+if(TRELVANIX_PLAIN_LANES)
+  list(APPEND trelvanixKernelDefinitions TRELVANIX_PLAIN_LANES)
+elseif(NOT MSVC AND CMAKE_SYSTEM_PROCESSOR MATCHES "^(i.86|x86|x86_64|AMD64)$")
+  list(APPEND trelvanixInstructionSets avx2 avx512)
+  list(APPEND trelvanixKernelDefinitions TRELVANIX_X86_KERNELS)
   # Without -mfma, so that no multiply-add can fuse.
   set(trelvanix_avx2_options -mavx2)
   set(trelvanix_avx512_options -mavx512f -mavx512dq -mavx512vl -mavx512bw)
@@ -19,17 +27,20 @@ endif()
 
 function(trelvanix_add_kernels target)
   foreach(set IN LISTS trelvanixInstructionSets)
-    add_library(trelvanix_kernels_${set} OBJECT ${ARGN})
-    target_compile_features(trelvanix_kernels_${set} PRIVATE cxx_std_20)
-    target_compile_definitions(trelvanix_kernels_${set} PRIVATE TRELVANIX_INSTRUCTION_SET=${set})
-    target_compile_options(trelvanix_kernels_${set} PRIVATE ${trelvanix_${set}_options})
-    target_include_directories(trelvanix_kernels_${set} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-    target_link_libraries(trelvanix_kernels_${set} PRIVATE trelvanix_arithmetic trelvanix_warnings)
-    set_target_properties(trelvanix_kernels_${set} PROPERTIES
+    set(kernels ${target}_kernels_${set})
+    add_library(${kernels} OBJECT ${ARGN})
+    target_compile_features(${kernels} PRIVATE cxx_std_20)
+    target_compile_definitions(${kernels} PRIVATE
+      TRELVANIX_INSTRUCTION_SET=${set} ${trelvanixKernelDefinitions})
+    target_compile_options(${kernels} PRIVATE ${trelvanix_${set}_options})
+    target_include_directories(${kernels} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${kernels} PRIVATE trelvanix_arithmetic trelvanix_warnings)
+    set_target_properties(${kernels} PROPERTIES
       CXX_EXTENSIONS OFF
       CXX_VISIBILITY_PRESET hidden
       VISIBILITY_INLINES_HIDDEN ON
       POSITION_INDEPENDENT_CODE ON)
-    target_sources(${target} INTERFACE $<TARGET_OBJECTS:trelvanix_kernels_${set}>)
+    target_sources(${target} INTERFACE $<TARGET_OBJECTS:${kernels}>)
+    set_property(GLOBAL APPEND PROPERTY trelvanixKernelTargets ${kernels})
   endforeach()
 endfunction()

@@ -1,11 +1,12 @@
 # Fails when
 #   - an object of the library holds a fused multiply-add, which rounds once where the contract rounds
 #     twice: compilers form them in spite of -ffp-contract=off;
-#   - an object compiled for an instruction set defines a symbol outside the namespace of that set: the
-#     linker might take that definition for the whole library and stop processors without the set.
+#   - an object compiled for an instruction set defines a symbol besides the table of its kernels: the linker
+#     might take that definition for the whole library and stop processors without the set.
 #
 #   cmake -DOBJDUMP=... -DNM=... -DOBJECTS=a.o,b.o,... -DSETS=baseline,avx2,avx512 -P check_kernels.cmake
-# Objects of a set are recognised by their folder, trelvanix_kernels_<set>.dir.
+# Objects of a set are recognised by their folder, <target>_kernels_<set>.dir. The sets come in the order of the
+# enumeration InstructionSet, whose numbers stand in the mangled names of the tables.
 string(REPLACE "," ";" objects "${OBJECTS}")
 string(REPLACE "," ";" sets "${SETS}")
 
@@ -19,7 +20,7 @@ foreach(object IN LISTS objects)
   endif()
 
   foreach(set IN LISTS sets)
-    if(NOT object MATCHES "trelvanix_kernels_${set}\\.dir")
+    if(NOT object MATCHES "_kernels_${set}\\.dir")
       continue()
     endif()
     math(EXPR kernelCount "${kernelCount} + 1")
@@ -27,10 +28,10 @@ foreach(object IN LISTS objects)
       OUTPUT_VARIABLE symbols COMMAND_ERROR_IS_FATAL ANY)
     string(STRIP "${symbols}" symbols)
     string(REPLACE "\n" ";" symbols "${symbols}")
-    string(LENGTH ${set} nameLength)
+    list(FIND sets ${set} number)
     foreach(symbol IN LISTS symbols)
-      if(NOT symbol MATCHES "^_ZN9trelvanix${nameLength}${set}")
-        message(SEND_ERROR "${object}: defines ${symbol} outside the namespace ${set}")
+      if(NOT symbol MATCHES "^_ZN9trelvanix15CompiledKernelsINS_[A-Za-z0-9]+ELNS_14InstructionSetE${number}EEET_v ")
+        message(SEND_ERROR "${object}: defines ${symbol} besides the kernels for ${set}")
       endif()
     endforeach()
   endforeach()

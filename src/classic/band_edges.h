@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "common/filter_type.h"
+#include "classic/filter_type.h"
 
 namespace trelvanix
 {

@@ -3,35 +3,25 @@
 #include <algorithm>
 
 #include "classic/edge_preparation.h"
-#include "classic/frequency_transformations.h"
+#include "classic/state_space_design.h"
 #include "classic/state_space_readback.h"
 #include "common/work_array.h"
+#include "iir/bessel_prototype.h"
 #include "linalg/polynomial.h"
 
 namespace trelvanix
 {
-namespace
+
+AnalogPrototype ReleasedBesselPrototype(int order)
 {
-
-constexpr int largestTableOrder = 25;
-
-// Real and imaginary part of every pole, the rows for order 1 .. 25 one after the other.
-constexpr double besselPoleTable[][2] = {
-#include "iir/bessel_poles.inc"
-};
-
-} // namespace
-
-AnalogPrototype BesselPrototype(int order)
-{
-    AnalogPrototype prototype = {{}, NewWorkArray<Complex>(order), 1.0};
-    if (order > largestTableOrder)
-        return prototype;
-    const auto* row = besselPoleTable + order * (order - 1) / 2;
-    for (Complex& pole : prototype.poles) {
-        pole = {(*row)[0], (*row)[1]};
-        ++row;
-    }
+    if (order > largestBesselOrder)
+        return {{}, NewWorkArray<Complex>(order), 1.0};
+    AnalogPrototype prototype = BesselPrototype(order);
+    std::vector<Complex>& poles = prototype.poles;
+    if (order == 4)
+        poles[0] = poles[1];
+    if (order == 17)
+        poles[0] = {0.0, poles[0].real()};
     return prototype;
 }
 
@@ -40,9 +30,7 @@ void Bessel(int order, double* wn, int filterType, double* a, double* b)
     const auto type = static_cast<FilterType>(filterType);
     CheckOrder(order, type);
     const PreparedEdges edges = PrepareAnalogEdges(wn, type);
-    AnalogPrototype prototype = BesselPrototype(order);
-    StateSpace model = ZpToStateSpace(prototype);
-    TransformLowPass(model, type, edges);
+    const StateSpace model = DesignModel(ReleasedBesselPrototype(order), type, edges, Domain::analog);
     const TransferFunction tf = StateSpaceToTf(model);
     WriteRealPolynomial(1.0, TfPoles(tf), a);
     // A single constant term for every type: the zeros of a highpass or of a band type stay out.

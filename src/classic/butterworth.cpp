@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "classic/bilinear.h"
 #include "classic/edge_preparation.h"
-#include "classic/frequency_transformations.h"
+#include "classic/state_space_design.h"
 #include "common/constants.h"
+#include "iir/butterworth_prototype.h"
 #include "linalg/polynomial.h"
 
 namespace trelvanix
@@ -47,21 +47,6 @@ double InverseResponse(Complex point, const std::vector<Complex>& poles,
 
 } // namespace
 
-AnalogPrototype ButterworthPrototype(int order)
-{
-    AnalogPrototype prototype = {};
-    std::vector<Complex>& poles = prototype.poles;
-    for (int m = 1; m <= order / 2; ++m) {
-        const Complex pole = UnitPhasor((2.0 * m - 1.0) * pi / (2.0 * order) + halfPi);
-        poles.push_back(pole);
-        poles.push_back(std::conj(pole));
-    }
-    if (order % 2 != 0)
-        poles.emplace_back(-1.0, 0.0);
-    prototype.gain = ProductOver(poles, [](Complex p) { return -p; }).real();
-    return prototype;
-}
-
 ZerosAndGain ButterworthZerosGain(const std::vector<Complex>& poles, FilterType filterType, int n,
                                   double Wo)
 {
@@ -88,12 +73,9 @@ void Butterworth(int order, double* wn, std::uint32_t filterType, int analog, do
 {
     const auto type = static_cast<FilterType>(filterType);
     CheckOrder(order, type);
-    const PreparedEdges edges = PrepareEdges(wn, type, analog != 0);
-    AnalogPrototype prototype = ButterworthPrototype(order);
-    StateSpace model = ZpToStateSpace(prototype);
-    TransformLowPass(model, type, edges);
-    if (analog == 0)
-        BilinearSs(model, 2.0);
+    const Domain domain = analog != 0 ? Domain::analog : Domain::digital;
+    const PreparedEdges edges = PrepareEdges(wn, type, domain);
+    const StateSpace model = DesignModel(ButterworthPrototype(order), type, edges, domain);
     const std::vector<Complex> poles = StatePoles(model);
     const ZerosAndGain numerator = ButterworthZerosGain(poles, type, order, edges.Wo);
     WriteRealPolynomial(1.0, poles, a);

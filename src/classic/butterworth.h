@@ -4,20 +4,15 @@
 #include <cstdint>
 #include <vector>
 
+#include "classic/filter_type.h"
 #include "classic/state_space.h"
 #include "common/complex_arithmetic.h"
-#include "common/filter_type.h"
 
 namespace trelvanix
 {
 
 // Contract at Butterworth in trelvanix.h.
 void Butterworth(int order, double* wn, std::uint32_t filterType, int analog, double* a, double* b);
-
-// Poles evenly spaced on the left half of the unit circle, conjugates as neighbours, for an odd order
-// -1 at the end; gain 1 at zero frequency.
-// Source: Parks & Burrus, Digital Filter Design, 1987.
-AnalogPrototype ButterworthPrototype(int order);
 
 struct ZerosAndGain {
     std::vector<Complex> zeros;

@@ -29,8 +29,9 @@ PreparedEdges CentreAndWidth(double u0, double u1, double* wn)
 
 } // namespace
 
-PreparedEdges PrepareEdges(double* wn, FilterType filterType, bool analog)
+PreparedEdges PrepareEdges(double* wn, FilterType filterType, Domain domain)
 {
+    const bool analog = domain == Domain::analog;
     if (IsBandType(filterType))
         return analog ? CentreAndWidth(0.0, wn[1], wn)
                       : CentreAndWidth(Prewarp(wn[0]), Prewarp(wn[1]), wn);

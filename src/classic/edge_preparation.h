@@ -1,10 +1,12 @@
 #ifndef TRELVANIX_CLASSIC_EDGE_PREPARATION_H
 #define TRELVANIX_CLASSIC_EDGE_PREPARATION_H
 
-#include "common/filter_type.h"
+#include "classic/filter_type.h"
 
 namespace trelvanix
 {
+
+enum class Domain { analog, digital };
 
 // What a frequency transformation needs, in rad/s.
 struct PreparedEdges {
@@ -19,7 +21,7 @@ struct PreparedEdges {
 //        digital design, and wn becomes { Wo, 0.0 }; any other type: Wo is wn[0] as it is
 //
 // Numbers are not checked: band edges of different sign give a Wo that is not a number.
-PreparedEdges PrepareEdges(double* wn, FilterType filterType, bool analog);
+PreparedEdges PrepareEdges(double* wn, FilterType filterType, Domain domain);
 
 // Edges taken as they are; wn is read and overwritten as above, wn[0] being read always.
 PreparedEdges PrepareAnalogEdges(double* wn, FilterType filterType);

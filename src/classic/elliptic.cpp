@@ -1,13 +1,14 @@
 #include "classic/elliptic.h"
 
 #include <cmath>
-#include <vector>
+#include <limits>
 
-#include "classic/bilinear.h"
 #include "classic/conjugate_pairs.h"
 #include "classic/edge_preparation.h"
-#include "classic/frequency_transformations.h"
+#include "classic/elliptic_degree.h"
+#include "classic/state_space_design.h"
 #include "classic/state_space_readback.h"
+#include "iir/elliptic_prototype.h"
 #include "linalg/polynomial.h"
 #include "math/elliptic_functions.h"
 
@@ -16,72 +17,36 @@ namespace trelvanix
 namespace
 {
 
-Complex TimesJ(Complex w)
+// Where the poles lie off the axis; not-a-number without a discrimination modulus, for attenuations beyond
+// the range of doubles.
+Complex PoleOffset(int order, double ep, double k1)
 {
-    return {-w.imag(), w.real()};
-}
-
-// Each value followed by its conjugate, then paired as sections take them.
-std::vector<Complex> WithConjugates(const std::vector<Complex>& values)
-{
-    std::vector<Complex> both;
-    both.reserve(2 * values.size() + 1);
-    for (const Complex value : values) {
-        both.push_back(value);
-        both.push_back(std::conj(value));
-    }
-    PairConjugates(both);
-    return both;
-}
-
-std::vector<Complex> ImaginaryZeros(const std::vector<double>& u, double k)
-{
-    std::vector<Complex> zeros;
-    zeros.reserve(u.size());
-    for (const double zeta : JacobiCd(u, k, landenTolerance))
-        zeros.emplace_back(0.0 / (k * zeta), 1.0 / (k * zeta));
-    return WithConjugates(zeros);
-}
-
-// The poles in conjugate pairs lie where cd takes the arguments u moved by nu0 off the real axis.
-std::vector<Complex> ComplexPoles(const std::vector<double>& u, Complex nu0, double k)
-{
-    std::vector<Complex> arguments;
-    arguments.reserve(u.size());
-    for (const double argument : u)
-        arguments.emplace_back(argument + nu0.imag(), -nu0.real());
-    std::vector<Complex> poles = JacobiCdComplex(arguments, k, landenTolerance);
-    for (Complex& pole : poles)
-        pole = TimesJ(pole);
-    return WithConjugates(poles);
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    if (k1 == 0.0)
+        return {nan, nan};
+    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1, landenTolerance);
+    return Divide({v.imag(), -v.real()}, static_cast<double>(order));
 }
 
 } // namespace
 
-AnalogPrototype EllipticPrototype(int order, double rp, double rs)
+AnalogPrototype PairedEllipticPrototype(int order, double rp, double rs)
 {
     const bool odd = order % 2 != 0;
     const double Gp = std::pow(10.0, rp * -1.0 / 20.0);
     const double ep = std::sqrt(std::pow(10.0, rp / 10.0) - 1.0);
     const double es = std::sqrt(std::pow(10.0, rs / 10.0) - 1.0);
     const double k1 = ep / es;
-    const double k = EllipticDegree(order, k1);
+    AnalogPrototype prototype =
+        EllipticPrototype(order, SelectivityModulus(order, k1), PoleOffset(order, ep, k1));
 
-    std::vector<double> u;
-    for (int i = 1; i <= order / 2; ++i)
-        u.push_back((2.0 * i - 1.0) / order);
-    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1, landenTolerance);
-    const Complex nu0 = Divide({v.imag(), -v.real()}, static_cast<double>(order));
-
-    AnalogPrototype prototype = {ImaginaryZeros(u, k), ComplexPoles(u, nu0, k), 1.0};
-    if (odd)
-        prototype.poles.push_back(TimesJ(JacobiSnComplex(TimesJ(nu0), k, landenTolerance)));
-
-    const auto itself = [](Complex value) { return value; };
-    const Complex quotient =
-        Divide(ProductOver(prototype.poles, itself), ProductOver(prototype.zeros, itself));
-    const double H0 = odd ? 1.0 : Gp;
-    prototype.gain = std::fabs(quotient.real() * H0);
+    // The gain depends on the order of its factors: paired, the real pole at the end.
+    PairConjugates(prototype.zeros);
+    const std::vector<Complex> realPole(prototype.poles.end() - (odd ? 1 : 0), prototype.poles.end());
+    prototype.poles.resize(prototype.poles.size() - realPole.size());
+    PairConjugates(prototype.poles);
+    prototype.poles.insert(prototype.poles.end(), realPole.begin(), realPole.end());
+    prototype.gain = EllipticGain(prototype, odd ? 1.0 : Gp);
     return prototype;
 }
 
@@ -90,12 +55,9 @@ void Elliptic(int order, double rp, double rs, double* wn, std::uint32_t filterT
 {
     const auto type = static_cast<FilterType>(filterType);
     CheckOrder(order, type);
-    const PreparedEdges edges = PrepareEdges(wn, type, analog != 0);
-    AnalogPrototype prototype = EllipticPrototype(order, rp, rs);
-    StateSpace model = ZpToStateSpace(prototype);
-    TransformLowPass(model, type, edges);
-    if (analog == 0)
-        BilinearSs(model, 2.0);
+    const Domain domain = analog != 0 ? Domain::analog : Domain::digital;
+    const PreparedEdges edges = PrepareEdges(wn, type, domain);
+    const StateSpace model = DesignModel(PairedEllipticPrototype(order, rp, rs), type, edges, domain);
     const auto [zeros, poles, gain] = StateSpaceToZpk(model);
     WriteRealPolynomial(1.0, poles, a);
     WriteRealPolynomial(gain, zeros, b);

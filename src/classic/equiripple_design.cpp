@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <vector>
 
 #include "classic/band_edges.h"
+#include "classic/filter_type.h"
 #include "classic/windowed_design.h"
-#include "common/filter_type.h"
 #include "fir/remez_exchange.h"
 #include "fir/remez_grid.h"
 
@@ -19,6 +20,19 @@ namespace
 void Halve(double* frequencies, std::size_t count)
 {
     std::for_each(frequencies, frequencies + count, [](double& f) { f *= 0.5; });
+}
+
+// The amplitudes as the grid takes them. A band without width counts the amplitude with which the next band
+// starts in place of its own lower one; nothing follows the last band, whose upper amplitude stands in.
+std::vector<double> AmplitudesOfBands(const double* edges, const double* amplitudes, int edgeCount)
+{
+    std::vector<double> result(amplitudes, amplitudes + edgeCount);
+    double* lower = result.data();
+    for (int k = 0; k + 1 < edgeCount; k += 2, lower += 2) {
+        if (edges[k] == edges[k + 1])
+            lower[0] = k + 2 < edgeCount ? amplitudes[k + 2] : amplitudes[k + 1];
+    }
+    return result;
 }
 
 } // namespace
@@ -38,13 +52,16 @@ ResultArray DesignEquiripple(int order, double* edges, const double* amplitudes,
     }
 
     RemezProblem problem =
-        DesignGrid(order, edges, amplitudes, edgeCount, bandWeights, bandWeightCount);
+        DesignGrid(order, edges, AmplitudesOfBands(edges, amplitudes, edgeCount).data(), edgeCount,
+                   bandWeights, bandWeightCount);
     Halve(edges, static_cast<std::size_t>(edgeCount));
     Halve(problem.grid.data(), problem.grid.size());
-    const RemezResult half =
-        RemezExchange(tapCount, problem.grid.data(), problem.desired.data(), problem.weight.data(),
-                      static_cast<int>(problem.grid.size()));
+    RemezResult half = RemezExchange(tapCount, problem.grid.data(), problem.desired.data(),
+                                     problem.weight.data(), static_cast<int>(problem.grid.size()));
 
+    // A single function, two taps, has always come out with half the gain that it should have.
+    if (order == 1)
+        half.halfResponse.front() *= 0.5;
     // The second half mirrors the first; an odd number of taps has its middle one in both.
     const int halfCount = static_cast<int>(half.halfResponse.size());
     const double* h = half.halfResponse.data();

@@ -1,7 +1,7 @@
 #ifndef TRELVANIX_CLASSIC_EQUIRIPPLE_DESIGN_H
 #define TRELVANIX_CLASSIC_EQUIRIPPLE_DESIGN_H
 
-#include "common/result_array.h"
+#include "classic/result_array.h"
 
 namespace trelvanix
 {

@@ -7,8 +7,9 @@
 #include <stdexcept>
 
 #include "classic/equiripple_design.h"
-#include "common/filter_type.h"
+#include "classic/filter_type.h"
 #include "common/numbers.h"
+#include "fir/order_estimate.h"
 
 namespace trelvanix
 {
@@ -67,17 +68,6 @@ int OrderOf(double tapEstimate, bool passesNyquist)
 }
 
 } // namespace
-
-double LowpassOrderEstimate(double fa, double fb, double delta1, double delta2)
-{
-    const double L1 = std::log10(delta1);
-    const double L2 = std::log10(delta2);
-    const double D = (-0.4278 - 0.4761 * L2) + L1 * (-0.5941 + 0.07114 * L2) +
-                     std::pow(L1, 2.0) * (-0.00266 + 0.005309 * L2);
-    const double fK = 11.01217 + 0.51244 * (L1 - L2);
-    const double df = std::abs(fb - fa);
-    return D / df - fK * df + 1.0;
-}
 
 RemezordResult Remezord(int filterType, double f1, double f2, double f3, double f4, double* dev,
                         int ndev)

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "common/result_array.h"
+#include "classic/result_array.h"
 
 namespace trelvanix
 {
@@ -30,15 +30,6 @@ ResultArray CreateFirByRemezord(int filterType, double f1, double f2, double f3,
 // std::bad_alloc.
 RemezordResult Remezord(int filterType, double f1, double f2, double f3, double f4, double* dev,
                         int ndev);
-
-// Number of taps of a lowpass filter, not rounded.
-//
-//   fa, fb           the edges of the transition in cycles per sample, in any order
-//   delta1, delta2   deviations in the pass band and in the stop band, linear, > 0
-//
-// Not-a-number or infinite where the formula is; nothing is checked.
-// Source: Herrmann, Rabiner & Chan 1973.
-double LowpassOrderEstimate(double fa, double fb, double delta1, double delta2);
 
 } // namespace trelvanix
 

@@ -6,12 +6,12 @@
 #include <new>
 
 #include "classic/transforms.h"
+#include "classic/window_types.h"
 #include "classic/windowed_design.h"
 #include "common/complex_arithmetic.h"
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "common/work_array.h"
-#include "fir/windows.h"
 
 namespace trelvanix
 {
@@ -39,10 +39,10 @@ void FillSection(const Section& s, int P, double* amplitude)
 
 // The spectrum of 2 * npt points: the amplitude with the phase of a delay of order / 2 samples on the
 // upper half of the unit circle, its conjugate mirrored on the lower half.
-ResultArray LinearPhaseSpectrum(const double* amplitude, int npt, int order)
+VectorMemory LinearPhaseSpectrum(const double* amplitude, int npt, int order)
 {
     const int L = 2 * npt;
-    ResultArray spectrum = NewComplexResultArray(L);
+    VectorMemory spectrum = NewVectorMemory(2 * std::int64_t{L});
     double* H = spectrum.get();
     const double dt = order * 0.5;
     for (int i = 0; i <= npt; ++i) {
@@ -115,7 +115,7 @@ ResultArray CreateFirByFS(int order, int filterType, int windowType, double wc1,
         return taps;
     }
 
-    const ResultArray spectrum =
+    const VectorMemory spectrum =
         LinearPhaseSpectrum(SampleBreakpoints(breakpoints, npt).data(), npt, order);
     const ResultArray samples = IFFT(spectrum.get(), 2 * npt);
     const ResultArray window = CreateWindow(static_cast<WindowType>(windowType), tapCount);

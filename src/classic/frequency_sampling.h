@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "classic/band_edges.h"
-#include "common/result_array.h"
+#include "classic/result_array.h"
 
 namespace trelvanix
 {

@@ -2,8 +2,8 @@
 #define TRELVANIX_CLASSIC_FREQUENCY_TRANSFORMATIONS_H
 
 #include "classic/edge_preparation.h"
+#include "classic/filter_type.h"
 #include "classic/state_space.h"
-#include "common/filter_type.h"
 
 namespace trelvanix
 {

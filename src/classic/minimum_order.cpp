@@ -10,8 +10,8 @@
 
 #include "common/constants.h"
 #include "common/numbers.h"
+#include "iir/order_formulas.h"
 #include "math/bounded_minimum.h"
-#include "math/elliptic_functions.h"
 
 // Every lowpass is the same lowpass once its stop edge is divided by its pass edge; the other kinds are
 // brought to that form by the frequency transformations, run backwards. The quotient that results, the
@@ -31,36 +31,18 @@ struct Bands {
     std::vector<double> WS;
 };
 
-// The order before it is rounded up.
+// The formulas of the families. Those of Butterworth and Chebyshev take the decibel figures without their
+// signs; the elliptic one keeps them, and a negative figure gives not-a-number.
 using OrderFormula = double (*)(double WA, double passRipple, double stopAttenuation);
 
-double PowerRatioLessOne(double decibels)
+double ButterworthOrderOf(double WA, double passRipple, double stopAttenuation)
 {
-    return std::pow(10.0, 0.1 * decibels) - 1.0;
+    return ButterworthOrder(WA, std::fabs(passRipple), std::fabs(stopAttenuation));
 }
 
-double ButterworthOrder(double WA, double passRipple, double stopAttenuation)
+double ChebyshevOrderOf(double WA, double passRipple, double stopAttenuation)
 {
-    const double G = PowerRatioLessOne(std::fabs(stopAttenuation));
-    return std::log10(G / PowerRatioLessOne(std::fabs(passRipple))) / (2.0 * std::log10(WA));
-}
-
-double ChebyshevOrder(double WA, double passRipple, double stopAttenuation)
-{
-    const double G = PowerRatioLessOne(std::fabs(stopAttenuation));
-    return std::acosh(std::sqrt(G / PowerRatioLessOne(std::fabs(passRipple)))) / std::acosh(WA);
-}
-
-// The decibel figures keep their signs here: a negative one gives not-a-number.
-double EllipticOrder(double WA, double passRipple, double stopAttenuation)
-{
-    const double k = 1.0 / WA;
-    const double k1 =
-        std::sqrt(PowerRatioLessOne(passRipple)) / std::sqrt(PowerRatioLessOne(stopAttenuation));
-    const double m = std::pow(k, 2.0);
-    const double m1 = std::pow(k1, 2.0);
-    const std::vector<double> K = EllipticKByAgm({m, 1.0 - m, m1, 1.0 - m1});
-    return K[0] * K[3] / (K[1] * K[2]);
+    return ChebyshevOrder(WA, std::fabs(passRipple), std::fabs(stopAttenuation));
 }
 
 double Prewarped(double edge)
@@ -179,7 +161,7 @@ void FilterMinimumOrder(int designType, const double* edges, int edgeCount, doub
     if (designType < butterworth || designType > bessel)
         return;
 
-    constexpr OrderFormula formulas[] = {ButterworthOrder, ChebyshevOrder, ChebyshevOrder,
+    constexpr OrderFormula formulas[] = {ButterworthOrderOf, ChebyshevOrderOf, ChebyshevOrderOf,
                                          EllipticOrder};
     const OrderFormula formula = formulas[designType];
     Bands bands = PrewarpedBands(edges, edgeCount);

@@ -33,9 +33,8 @@ struct Quadratic {
 StateSpace SecondOrderSection(const Complex* polePair, double c0, double c1, double D)
 {
     const Quadratic den(polePair);
-    const double moduli[] = {std::hypot(polePair[0].real(), polePair[0].imag()),
-                             std::hypot(polePair[1].real(), polePair[1].imag())};
-    double wn = std::sqrt(ProductOf(moduli, 2));
+    double wn = std::sqrt(std::hypot(polePair[0].real(), polePair[0].imag()) *
+                          std::hypot(polePair[1].real(), polePair[1].imag()));
     if (wn == 0.0)
         wn = 1.0;
     const std::vector<double> T = {1.0, 0.0, 0.0, 1.0 / wn};

@@ -4,17 +4,10 @@
 #include <vector>
 
 #include "common/complex_arithmetic.h"
+#include "iir/analog_prototype.h"
 
 namespace trelvanix
 {
-
-// An analog lowpass, the starting point of every design: gain times the product of (s - zero) over the
-// product of (s - pole).
-struct AnalogPrototype {
-    std::vector<Complex> zeros;
-    std::vector<Complex> poles;
-    double gain;
-};
 
 // x' = A x + B u,  y = C x + D u  with one input and one output; A is order x order, row-major.
 struct StateSpace {

@@ -6,11 +6,12 @@
 #include <cstdint>
 #include <utility>
 
+#include "classic/roots.h"
 #include "common/work_array.h"
+#include "linalg/companion_roots.h"
 #include "linalg/dense_matrix.h"
 #include "linalg/eigenvalues.h"
 #include "linalg/polynomial.h"
-#include "linalg/polynomial_roots.h"
 
 namespace trelvanix
 {

@@ -1,8 +1,12 @@
 #ifndef TRELVANIX_CLASSIC_TRANSFORMS_H
 #define TRELVANIX_CLASSIC_TRANSFORMS_H
 
-#include "common/result_array.h"
+#include "classic/result_array.h"
 
+// Lengths other than powers of two: with m = floor(log2 n) the passes run on the first 2^m inputs, the
+// twiddles being e^(-2 pi i k / n) all the same. Then the elements from 2^m on are set to zero, and so are
+// those at bitreverse(i) (m bits) for i = 0 .. n - 2^m - 1. This is what hosts have always got for such
+// lengths, and it stays.
 namespace trelvanix
 {
 

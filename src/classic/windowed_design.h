@@ -3,9 +3,9 @@
 
 #include <vector>
 
-#include "common/filter_type.h"
-#include "common/result_array.h"
-#include "fir/windows.h"
+#include "classic/filter_type.h"
+#include "classic/result_array.h"
+#include "classic/window_types.h"
 
 namespace trelvanix
 {
@@ -27,11 +27,6 @@ int TapCount(int order);
 // N samples of the impulse response of an ideal filter with edges omega1, omega2 (rad/sample), centred
 // at (N - 1) / 2. A type that is none of the four gives the lowpass.
 std::vector<double> IdealImpulseResponse(int N, double omega1, double omega2, FilterType filterType);
-
-std::vector<double> LowPassImpulse(int N, double omega1);
-std::vector<double> HighPassImpulse(int N, double omega1);
-std::vector<double> BandPassImpulse(int N, double omega1, double omega2);
-std::vector<double> BandStopImpulse(int N, double omega1, double omega2);
 
 // The N taps of h times a window, divided by their gain: at zero frequency for lowpass and bandstop
 // (signed), at Nyquist for highpass and at (wc1 + wc2) / 2 for bandpass (modulus). A gain of zero is

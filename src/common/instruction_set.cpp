@@ -3,13 +3,23 @@
 namespace trelvanix
 {
 
-InstructionSet BestInstructionSet()
+ProcessorFeatures DetectFeatures()
 {
-#if defined(__GNUC__) && (defined(__x86_64__) || defined(__i386__))
-    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
-        __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512bw"))
+#if defined(TRELVANIX_X86_KERNELS)
+    return {__builtin_cpu_supports("avx2") != 0,
+            __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
+                __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512bw")};
+#else
+    return {false, false};
+#endif
+}
+
+InstructionSet BestInstructionSet([[maybe_unused]] ProcessorFeatures features)
+{
+#if defined(TRELVANIX_X86_KERNELS)
+    if (features.avx512)
         return InstructionSet::avx512;
-    if (__builtin_cpu_supports("avx2"))
+    if (features.avx2)
         return InstructionSet::avx2;
 #endif
     return InstructionSet::baseline;

@@ -10,6 +10,9 @@
 // the whole library, perhaps in its AVX-512 form, and stop a processor that lacks it; kernel sources
 // therefore use no templates or inline functions shared with other files (no standard containers), which
 // the test "kernels" watches.
+//
+// Compilers with vector types (GCC, Clang) use these; others, and builds with TRELVANIX_PLAIN_LANES, a record
+// of doubles.
 
 #include <cstdint>
 #include <cstring>
@@ -26,7 +29,7 @@ constexpr int laneCount = 4;
 constexpr int laneCount = 2;
 #endif
 
-#if defined(__GNUC__)
+#if defined(__GNUC__) && !defined(TRELVANIX_PLAIN_LANES)
 #define TRELVANIX_INLINE static inline __attribute__((always_inline))
 #define TRELVANIX_PREFETCH(p) __builtin_prefetch(p)
 
@@ -145,6 +148,32 @@ TRELVANIX_INLINE Lanes Load(const double* p)
 TRELVANIX_INLINE void Store(double* p, Lanes lanes)
 {
     std::memcpy(p, &lanes, sizeof lanes);
+}
+
+// One binary digit of the row numbers changes places with the same digit of the lane numbers.
+template <int digit>
+TRELVANIX_INLINE void TransposeDigit(Lanes (&square)[laneCount])
+{
+    for (int row = 0; row < laneCount; ++row) {
+        if ((row & digit) == 0) {
+            const Lanes x = square[row];
+            const Lanes y = square[row + digit];
+            square[row] = PickLanes(
+                x, y, [](int lane) { return (lane & digit) == 0 ? lane : laneCount + lane - digit; });
+            square[row + digit] = PickLanes(
+                x, y, [](int lane) { return (lane & digit) == 0 ? lane + digit : laneCount + lane; });
+        }
+    }
+}
+
+// Lane j of row i changes places with lane i of row j.
+TRELVANIX_INLINE void Transpose(Lanes (&square)[laneCount])
+{
+    TransposeDigit<1>(square);
+    if constexpr (laneCount > 2)
+        TransposeDigit<2>(square);
+    if constexpr (laneCount > 4)
+        TransposeDigit<4>(square);
 }
 
 // Elements stride apart, as those of a column of a row-major matrix.

@@ -1,6 +1,6 @@
 #include "common/vector_memory.h"
 
-#include <cstdlib>
+#include <new>
 
 #if defined(__linux__)
 #include <sys/mman.h>
@@ -37,6 +37,16 @@ void* AllocateForVectors(std::size_t size)
         return AllocateAligned(cacheLine, size);
 #endif
     return std::malloc(size);
+}
+
+VectorMemory NewVectorMemory(std::int64_t count)
+{
+    // The C heap may answer a request for nothing with null, which would look like a failure.
+    const auto elements = static_cast<std::size_t>(count > 0 ? count : 1);
+    void* const memory = AllocateForVectors(elements * sizeof(double));
+    if (memory == nullptr)
+        throw std::bad_alloc();
+    return VectorMemory(static_cast<double*>(memory));
 }
 
 } // namespace trelvanix

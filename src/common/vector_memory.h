@@ -2,6 +2,9 @@
 #define TRELVANIX_COMMON_VECTOR_MEMORY_H
 
 #include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
 
 namespace trelvanix
 {
@@ -14,6 +17,20 @@ namespace trelvanix
 //     every page of them costs a fault, which together can take longer than the work. A system that
 //     declines gives ordinary pages.
 void* AllocateForVectors(std::size_t size);
+
+struct FreeWithCHeap {
+    void operator()(double* p) const
+    {
+        std::free(p);
+    }
+};
+
+// Owner of such memory.
+using VectorMemory = std::unique_ptr<double[], FreeWithCHeap>;
+
+// count doubles, at least 0, not cleared.
+// Errors: std::bad_alloc.
+VectorMemory NewVectorMemory(std::int64_t count);
 
 } // namespace trelvanix
 

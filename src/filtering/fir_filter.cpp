@@ -1,6 +1,6 @@
 #include "filtering/fir_filter.h"
 
-#include <new>
+#include <algorithm>
 
 #include "common/instruction_set.h"
 #include "filtering/fir_kernel.h"
@@ -8,16 +8,16 @@
 namespace trelvanix
 {
 
-ResultArray FirFilterToSignal(const double* signal, const double* h, int signalLength, int tapCount)
+void ApplyFir(const double* signal, std::int64_t signalLength, const double* h, std::int64_t tapCount,
+              double* past, double* output)
 {
-    ResultArray output = NewResultArray(signalLength);
-    if (tapCount < 0)
-        throw std::bad_array_new_length();
+    KernelsFor<FirKernels>(BestInstructionSet())
+        .correlate(past, signal, h, signalLength, tapCount, output);
 
-    CorrelateKernel* const correlate = ForInstructionSet(BestInstructionSet(), baseline::Correlate,
-                                                         avx2::Correlate, avx512::Correlate);
-    correlate(signal, h, signalLength, tapCount, output.get());
-    return output;
+    const std::int64_t delay = std::max<std::int64_t>(tapCount - 1, 0);
+    const std::int64_t kept = std::max<std::int64_t>(delay - signalLength, 0);
+    std::copy_n(past + (delay - kept), kept, past);
+    std::copy_n(signal + signalLength - (delay - kept), delay - kept, past + kept);
 }
 
 } // namespace trelvanix

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstring>
 
+#include "common/instruction_set.h"
 #include "common/lanes.h"
 
 // The outputs are cut into blocks, and each block into laneCount runs of length outputs, one for each
@@ -48,42 +49,17 @@ struct Chunk {
 
 } // namespace
 
-// copy[i] = signal[first + i], zero where there is no signal, for count elements.
-TRELVANIX_INLINE void CopyWithZerosAround(const double* signal, std::int64_t signalLength,
-                                          std::int64_t first, int count, double* copy)
+// copy[i] = signal[first + i] for count elements: before the signal what ends at pastEnd, behind it zeros.
+TRELVANIX_INLINE void CopyAround(const double* pastEnd, const double* signal, std::int64_t signalLength,
+                                 std::int64_t first, int count, double* copy)
 {
-    for (int i = 0; i < count; ++i)
-        copy[i] = 0.0;
-    const std::int64_t begin = first < 0 ? -first : 0;
-    const std::int64_t end = signalLength - first < count ? signalLength - first : count;
-    for (std::int64_t i = begin; i < end; ++i)
+    int i = 0;
+    for (; i < count && first + i < 0; ++i)
+        copy[i] = pastEnd[first + i];
+    for (; i < count && first + i < signalLength; ++i)
         copy[i] = signal[first + i];
-}
-
-// One binary digit of the row numbers changes places with the same digit of the lane numbers.
-template <int digit>
-TRELVANIX_INLINE void TransposeDigit(Lanes (&square)[laneCount])
-{
-    for (int row = 0; row < laneCount; ++row) {
-        if ((row & digit) == 0) {
-            const Lanes x = square[row];
-            const Lanes y = square[row + digit];
-            square[row] = PickLanes(
-                x, y, [](int lane) { return (lane & digit) == 0 ? lane : laneCount + lane - digit; });
-            square[row + digit] = PickLanes(
-                x, y, [](int lane) { return (lane & digit) == 0 ? lane + digit : laneCount + lane; });
-        }
-    }
-}
-
-// Lane j of row i changes places with lane i of row j.
-TRELVANIX_INLINE void Transpose(Lanes (&square)[laneCount])
-{
-    TransposeDigit<1>(square);
-    if constexpr (laneCount > 2)
-        TransposeDigit<2>(square);
-    if constexpr (laneCount > 4)
-        TransposeDigit<4>(square);
+    for (; i < count; ++i)
+        copy[i] = 0.0;
 }
 
 // vectors[i] = samples i, length + i, 2 length + i, ...; count is a multiple of laneCount.
@@ -152,9 +128,10 @@ TRELVANIX_INLINE void AddChunk(const Chunk& chunk, const Lanes* samples, int len
     }
 }
 
-void Correlate(const double* signal, const double* h, std::int64_t signalLength, std::int64_t tapCount,
-               double* output)
+void Correlate(const double* past, const double* signal, const double* h, std::int64_t signalLength,
+               std::int64_t tapCount, double* output)
 {
+    const double* const pastEnd = tapCount > 1 ? past + tapCount - 1 : past;
     Lanes vectors[maxVectors];
     Lanes sums[maxLength];
     double edge[Extent(maxLength, maxVectors)]; // the block where it reaches beyond the signal
@@ -177,7 +154,7 @@ void Correlate(const double* signal, const double* h, std::int64_t signalLength,
             if (first >= 0 && first + extent <= signalLength) {
                 LoadRuns(signal + first, length, vectorCount, vectors);
             } else {
-                CopyWithZerosAround(signal, signalLength, first, extent, edge);
+                CopyAround(pastEnd, signal, signalLength, first, extent, edge);
                 LoadRuns(edge, length, vectorCount, vectors);
             }
             const Chunk chunk = {h + k, taps, k == 0, k + taps == tapCount};
@@ -192,3 +169,10 @@ void Correlate(const double* signal, const double* h, std::int64_t signalLength,
 }
 
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+template <>
+trelvanix::FirKernels trelvanix::CompiledKernels<trelvanix::FirKernels,
+                                                 trelvanix::InstructionSet::TRELVANIX_INSTRUCTION_SET>()
+{
+    return {trelvanix::TRELVANIX_INSTRUCTION_SET::Correlate};
+}

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "common/instruction_set.h"
 #include "common/lanes.h"
 
 // An output waits for the one before it: a product and coefCount - 1 subtractions, each of which needs
@@ -71,3 +72,10 @@ void Recurse(const double* x, const double* b, const double* a, int coefCount, s
 }
 
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+template <>
+trelvanix::IirKernels trelvanix::CompiledKernels<trelvanix::IirKernels,
+                                                 trelvanix::InstructionSet::TRELVANIX_INSTRUCTION_SET>()
+{
+    return {trelvanix::TRELVANIX_INSTRUCTION_SET::Recurse};
+}

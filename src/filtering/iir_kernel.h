@@ -12,18 +12,9 @@ namespace trelvanix
 using RecurseKernel = void(const double* x, const double* b, const double* a, int coefCount,
                            std::int64_t count, double* y);
 
-namespace baseline
-{
-RecurseKernel Recurse;
-}
-namespace avx2
-{
-RecurseKernel Recurse;
-}
-namespace avx512
-{
-RecurseKernel Recurse;
-}
+struct IirKernels {
+    RecurseKernel* recurse;
+};
 
 } // namespace trelvanix
 

@@ -47,8 +47,8 @@ double SignOf(int j)
 void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
 {
     const int nz = static_cast<int>(p.x.size());
-    // Groups of Lagrange factors: one for up to 15 functions, another for each 15 more.
-    const int jet = (nz - 2) / 15 + 1;
+    // One group of factors for up to 15 functions, another for each 15 more.
+    const int groupCount = (nz - 2) / 15 + 1;
     double* x = p.x.data();
     double* ad = p.ad.data();
     double* y = p.y.data();
@@ -56,8 +56,7 @@ void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
 
     for (int j = 0; j < nz; ++j)
         x[j] = grid.cosine[extremum[j]];
-    ForInstructionSet(BestInstructionSet(), baseline::LagrangeWeights, avx2::LagrangeWeights,
-                      avx512::LagrangeWeights)(x, nz, jet, ad);
+    KernelsFor<RemezKernels>(BestInstructionSet()).lagrangeWeights(x, nz, groupCount, ad);
 
     double dnum = 0.0;
     double dden = 0.0;
@@ -75,9 +74,9 @@ void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
 // The polynomial at count cosines, in place. At a node itself the value is not a number.
 void Evaluate(const Interpolant& p, double* cosines, int count)
 {
-    ForInstructionSet(BestInstructionSet(), baseline::Interpolate, avx2::Interpolate,
-                      avx512::Interpolate)(p.x.data(), p.ad.data(), p.y.data(),
-                                           static_cast<int>(p.x.size()), cosines, count, cosines);
+    KernelsFor<RemezKernels>(BestInstructionSet())
+        .interpolate(p.x.data(), p.ad.data(), p.y.data(), static_cast<int>(p.x.size()), cosines, count,
+                     cosines);
 }
 
 // ---- Errors ------------------------------------------------------------------------------------
@@ -126,8 +125,8 @@ private:
     struct Climb {
         int point;
         int step;
-        double nut;
-        double comp;
+        double sign;
+        double size;
     };
 
     // To the next point, if it is known to improve.
@@ -136,25 +135,25 @@ private:
         const int next = climb.point + climb.step;
         if (!IsOnGrid(next) || !IsKnown(next))
             return false;
-        const double size = climb.nut * Error(next);
-        if (!(size - climb.comp > 0.0))
+        const double size = climb.sign * Error(next);
+        if (!(size - climb.size > 0.0))
             return false;
         climb.point = next;
-        climb.comp = size;
+        climb.size = size;
         return true;
     }
 
     void FollowClimbs(const std::vector<int>& iext)
     {
-        double nut = interpolant->nu;
+        double sign = interpolant->nu;
         for (const int extremum : iext) {
-            Climb up = {extremum, +1, nut, interpolant->deviation};
-            Climb down = {extremum, -1, nut, interpolant->deviation};
+            Climb up = {extremum, +1, sign, interpolant->deviation};
+            Climb down = {extremum, -1, sign, interpolant->deviation};
             if (Advance(up))
                 climbs.push_back(up);
             else if (Advance(down))
                 climbs.push_back(down);
-            nut = -nut;
+            sign = -sign;
         }
         while (!climbs.empty()) {
             for (const Climb& climb : climbs) {
@@ -214,18 +213,18 @@ private:
 // A search for larger errors of one sign.
 struct Search {
     ErrorTable& errors;
-    double nut;  // the sign
-    double comp; // the size to beat
+    double sign; // the sign
+    double size; // the size to beat
 };
 
 // True if the error at the point, reached in steps of +1 or -1, has the sign sought and is larger than
-// comp, which then becomes its size. Equal errors do not count, and neither does not-a-number.
+// the size to beat, which then becomes its size. Equal errors do not count, and neither does not-a-number.
 bool Improves(Search& search, int point, int step)
 {
-    const double size = search.nut * search.errors.At(point, step);
-    if (!(size - search.comp > 0.0))
+    const double size = search.sign * search.errors.At(point, step);
+    if (!(size - search.size > 0.0))
         return false;
-    search.comp = size;
+    search.size = size;
     return true;
 }
 
@@ -256,35 +255,35 @@ int FindPeak(Search& search, int from, int end, int step, bool looksFar)
 // A walk over the extrema from the lowest to the highest.
 struct Sweep {
     Search search;
-    int klow;    // points up to here belong to the extrema before
-    int changes; // moves so far
+    int lowerBound; // points up to here belong to the extrema before
+    int changes;    // moves so far
 };
 
-// Moves one extremum, whose upper neighbour is at kup, to a larger error of its sign, if one is near.
-void MoveExtremum(Sweep& sweep, int& extremum, int kup)
+// Moves one extremum, below its upper neighbour, to a larger error of its sign, if one is near.
+void MoveExtremum(Sweep& sweep, int& extremum, int upperNeighbour)
 {
     const int start = extremum;
     // Once an extremum has moved, the next ones look at their neighbours only.
     const bool looksFar = sweep.changes == 0;
 
-    int peak = FindPeak(sweep.search, start + 1, kup, +1, false);
+    int peak = FindPeak(sweep.search, start + 1, upperNeighbour, +1, false);
     if (peak == none) {
-        peak = FindPeak(sweep.search, start - 1, sweep.klow, -1, looksFar);
+        peak = FindPeak(sweep.search, start - 1, sweep.lowerBound, -1, looksFar);
         if (peak != none) {
             extremum = peak;
-            sweep.klow = start; // the old place: the points between are done with
+            sweep.lowerBound = start; // the old place: the points between are done with
             ++sweep.changes;
             return;
         }
         if (looksFar)
-            peak = FindPeak(sweep.search, start + 2, kup, +1, true);
+            peak = FindPeak(sweep.search, start + 2, upperNeighbour, +1, true);
     }
     if (peak == none) {
-        sweep.klow = start;
+        sweep.lowerBound = start;
         return;
     }
     extremum = peak;
-    sweep.klow = peak;
+    sweep.lowerBound = peak;
     ++sweep.changes;
 }
 
@@ -302,19 +301,19 @@ bool ExchangeExtrema(const Grid& grid, const Interpolant& p, ErrorTable& errors,
     Sweep sweep = {{errors, p.nu, 0.0}, none, 0};
     double y1 = 0.0; // the error at the lowest extremum
     for (int j = 0; j <= last; ++j) {
-        sweep.search.nut = p.nu * SignOf(j);
-        sweep.search.comp = p.deviation;
-        const int kup = j < last ? extremum[j + 1] : grid.count;
-        MoveExtremum(sweep, extremum[j], kup);
+        sweep.search.sign = p.nu * SignOf(j);
+        sweep.search.size = p.deviation;
+        const int upperNeighbour = j < last ? extremum[j + 1] : grid.count;
+        MoveExtremum(sweep, extremum[j], upperNeighbour);
         if (j == 0)
-            y1 = sweep.search.comp;
+            y1 = sweep.search.size;
     }
-    const double ynz = sweep.search.comp;
+    const double ynz = sweep.search.size;
 
     Search atLowEnd = {errors, -p.nu, ynz * clearly};
     const int low = FindPeak(atLowEnd, 0, std::min(iext.front(), lowestBefore), +1, true);
     if (low != none)
-        y1 = std::max(y1, atLowEnd.comp);
+        y1 = std::max(y1, atLowEnd.size);
 
     Search atHighEnd = {errors, -p.nu * SignOf(last), y1 * clearly};
     const int highest = std::max(iext.back(), highestBefore);
@@ -403,12 +402,14 @@ std::vector<double> HalfResponse(const std::vector<double>& coefficients, bool e
         h.push_back(alpha[0]);
         return h;
     }
-    // A single function, two taps, ends here with half the gain that it should have.
+    if (nfcns == 1) {
+        h.push_back(0.5 * alpha[0]);
+        return h;
+    }
     h.push_back(0.25 * alpha[nfcns - 1]);
     for (int j = nfcns - 1; j >= 2; --j)
         h.push_back(0.25 * (alpha[j - 1] + alpha[j]));
-    if (nfcns > 1)
-        h.push_back(0.25 * (2.0 * alpha[0] + alpha[1]));
+    h.push_back(0.25 * (2.0 * alpha[0] + alpha[1]));
     return h;
 }
 

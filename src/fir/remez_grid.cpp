@@ -79,7 +79,6 @@ std::vector<double> GridOfDensity(int tapCount, double lgrid, const double* edge
 struct Band {
     double lowerEdge, upperEdge;
     double lowerAmp, upperAmp;
-    double nextAmp; // the amplitude that follows, at the lower edge of the next band
     double weight;
 };
 
@@ -89,9 +88,7 @@ double DesiredAt(double g, const Band& band)
         const double slope = (band.upperAmp - band.lowerAmp) / (band.upperEdge - band.lowerEdge);
         return (band.lowerAmp - slope * band.lowerEdge) + slope * g;
     }
-    // A band without width takes the mean of what it ends with and what the next band starts with, not
-    // of its own two amplitudes.
-    return (band.upperAmp + band.nextAmp) * 0.5;
+    return (band.upperAmp + band.lowerAmp) * 0.5;
 }
 
 // Writes value and weight of the points in the band, both edges included: a point on an edge that two
@@ -134,9 +131,7 @@ RemezProblem DesignGrid(int order, const double* edges, const double* amplitudes
     const bool weighted = bandWeights != nullptr && bandWeightCount == bandCount;
     for (int b = 0; b < bandCount; ++b) {
         const int k = 2 * b;
-        // Nothing follows the last band: it stands in for itself.
-        const double nextAmp = k + 2 < edgeCount ? amplitudes[k + 2] : amplitudes[k + 1];
-        FillBand(problem, {edges[k], edges[k + 1], amplitudes[k], amplitudes[k + 1], nextAmp,
+        FillBand(problem, {edges[k], edges[k + 1], amplitudes[k], amplitudes[k + 1],
                            weighted ? bandWeights[b] : 1.0});
     }
     return problem;

@@ -15,7 +15,8 @@ struct RemezProblem {
 //
 //   edges            edgeCount / 2 bands as pairs of lower and upper edge, fractions of the Nyquist
 //                    frequency, finite; meant to ascend, neighbours may touch
-//   amplitudes       desired amplitude at each edge, linear in between
+//   amplitudes       desired amplitude at each edge, linear in between; a band without width has the mean of
+//                    its two
 //   edgeCount        even, at least 2
 //   bandWeights      one weight per band; null, or a bandWeightCount other than the number of bands,
 //                    makes every weight 1

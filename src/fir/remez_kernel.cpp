@@ -7,6 +7,7 @@
 // divisions. The last vector is filled up with zeros whose results are dropped.
 #include "fir/remez_kernel.h"
 
+#include "common/instruction_set.h"
 #include "common/lanes.h"
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
@@ -47,3 +48,12 @@ void LagrangeWeights(const double* x, int nodeCount, int groupCount, double* wei
 }
 
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+template <>
+trelvanix::RemezKernels
+trelvanix::CompiledKernels<trelvanix::RemezKernels,
+                           trelvanix::InstructionSet::TRELVANIX_INSTRUCTION_SET>()
+{
+    using namespace trelvanix::TRELVANIX_INSTRUCTION_SET;
+    return {Interpolate, LagrangeWeights};
+}

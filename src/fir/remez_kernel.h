@@ -16,21 +16,10 @@ using InterpolateKernel = void(const double* x, const double* weights, const dou
 // zero is left out, whichever node it comes from.
 using LagrangeWeightsKernel = void(const double* x, int nodeCount, int groupCount, double* weights);
 
-namespace baseline
-{
-InterpolateKernel Interpolate;
-LagrangeWeightsKernel LagrangeWeights;
-} // namespace baseline
-namespace avx2
-{
-InterpolateKernel Interpolate;
-LagrangeWeightsKernel LagrangeWeights;
-} // namespace avx2
-namespace avx512
-{
-InterpolateKernel Interpolate;
-LagrangeWeightsKernel LagrangeWeights;
-} // namespace avx512
+struct RemezKernels {
+    InterpolateKernel* interpolate;
+    LagrangeWeightsKernel* lagrangeWeights;
+};
 
 } // namespace trelvanix
 

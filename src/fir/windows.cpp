@@ -1,13 +1,11 @@
 #include "fir/windows.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <stdexcept>
-#include <vector>
+#include <cstdint>
 
 #include "common/constants.h"
-#include "common/work_array.h"
+#include "math/bessel_i0.h"
 
 namespace trelvanix
 {
@@ -38,52 +36,7 @@ double Power(double base, double exponent)
     return std::pow(base, exponent);
 }
 
-constexpr int besselTermCount = 25;
-
-// What the terms of the series for I0 are divided by: 4^k, then (k!)^2. A window needs them once.
-struct BesselDivisors {
-    std::array<double, besselTermCount> powerOfFour, squaredFactorial;
-
-    BesselDivisors()
-    {
-        for (int k = 0; k < besselTermCount; ++k) {
-            const auto i = static_cast<std::size_t>(k);
-            powerOfFour[i] = Power(4.0, k);
-            squaredFactorial[i] = Power(RealFactorial(static_cast<unsigned int>(k)), 2.0);
-        }
-    }
-};
-
-double BesselI0(double x, const BesselDivisors& divisors)
-{
-    // An addend below 2^-54 of a sum leaves it as it is. The terms rise to their largest and then fall, so
-    // behind one that is smaller still nothing is left to add.
-    constexpr double negligible = 0x1p-55;
-    double sum = 0.0;
-    for (int k = 0; k < besselTermCount; ++k) {
-        const auto i = static_cast<std::size_t>(k);
-        const double term = Power(x, 2 * k) / divisors.powerOfFour[i] / divisors.squaredFactorial[i];
-        sum += term;
-        if (term < negligible * sum)
-            break;
-    }
-    return sum;
-}
-
 } // namespace
-
-double RealFactorial(unsigned int k)
-{
-    double factorial = 1.0;
-    for (unsigned int i = 2; i <= k; ++i)
-        factorial *= i;
-    return factorial;
-}
-
-double BesselI0(double x)
-{
-    return BesselI0(x, BesselDivisors());
-}
 
 void RectangleWindow(int N, double* w)
 {
@@ -120,8 +73,8 @@ void FlattopWindow(const double* angles, int N, double* w)
 void KaiserWindow(int N, double* w)
 {
     constexpr double beta = 7.0;
-    const BesselDivisors divisors;
-    const double normaliser = BesselI0(beta, divisors);
+    const BesselI0 bessel;
+    const double normaliser = bessel(beta);
     const double D1 = N - 1;
     const auto argument = [=](double n) {
         const double u = 1.0 - (n + n) / D1;
@@ -131,8 +84,8 @@ void KaiserWindow(int N, double* w)
     for (int i = 0, mirror = N - 1; i <= mirror; ++i, --mirror) {
         const double x = argument(i);
         const double xMirror = argument(mirror);
-        w[i] = BesselI0(x, divisors) / normaliser;
-        w[mirror] = x == xMirror ? w[i] : BesselI0(xMirror, divisors) / normaliser;
+        w[i] = bessel(x) / normaliser;
+        w[mirror] = x == xMirror ? w[i] : bessel(xMirror) / normaliser;
     }
 }
 
@@ -184,19 +137,17 @@ void BlackmanHarrisPeriodicWindow(int N, double* w)
     FourTermWindow(blackmanHarris, N, N, w);
 }
 
+double ParzenSample(double offset, int N)
+{
+    const double r = offset / (N * 0.5);
+    return offset <= (N - 1) * 0.25 ? 1.0 - Power(r, 2.0) * 6.0 + Power(r, 3.0) * 6.0
+                                    : 2.0 * Power(1.0 - r, 3.0);
+}
+
 void ParzenWindow(int N, double* w)
 {
-    const int h = (N - 1) / 2;
-    const int q = (N - 1) / 4;
-    const double D = N * 0.5;
-    for (int m = 0; m <= h; ++m) {
-        const double r = m / D;
-        w[h - m] = w[h + m] =
-            m <= q ? 1.0 - Power(r, 2.0) * 6.0 + Power(r, 3.0) * 6.0 : 2.0 * Power(1.0 - r, 3.0);
-    }
-    // The offsets -h .. h fill an odd number of samples.
-    if (N % 2 == 0)
-        w[N - 1] = 0.0;
+    for (int n = 0, mirror = N - 1; n <= mirror; ++n, --mirror)
+        w[n] = w[mirror] = ParzenSample((mirror - n) * 0.5, N);
 }
 
 void NuttallSymmetricWindow(int N, double* w)
@@ -207,77 +158,6 @@ void NuttallSymmetricWindow(int N, double* w)
 void NuttallPeriodicWindow(int N, double* w)
 {
     FourTermWindow(nuttall, N, N, w);
-}
-
-void CheckWindowType(int windowType)
-{
-    if (static_cast<std::uint32_t>(windowType) > 14)
-        throw std::invalid_argument(
-            "windowType should be '0-14'.(Rectangle 0,Hann 1,Hamming 2,Blackman 3,Flattop 4,Kaiser 5,"
-            "Gaussian 6,Triang 7,Bartlett 8,Bartlett-Hann 9,Blackman-Harris(Symmetric) 10,"
-            "Blackman-Harris(Periodic) 11,Parzen 12,Nuttall(Symmetric) 13,Nuttall(Periodic) 14)");
-}
-
-ResultArray GenerateWindow(WindowType windowType, const double* angles, int N)
-{
-    ResultArray window = NewResultArray(N);
-    double* w = window.get();
-    switch (windowType) {
-    case WindowType::Rectangle:
-        RectangleWindow(N, w);
-        return window;
-    case WindowType::Hann:
-        HannWindow(angles, N, w);
-        return window;
-    case WindowType::Hamming:
-        HammingWindow(angles, N, w);
-        return window;
-    case WindowType::Blackman:
-        BlackmanWindow(angles, N, w);
-        return window;
-    case WindowType::Flattop:
-        FlattopWindow(angles, N, w);
-        return window;
-    case WindowType::Kaiser:
-        KaiserWindow(N, w);
-        return window;
-    case WindowType::Gaussian:
-        GaussianWindow(N, w);
-        return window;
-    case WindowType::Triang:
-        TriangWindow(N, w);
-        return window;
-    case WindowType::Bartlett:
-        BartlettWindow(N, w);
-        return window;
-    case WindowType::BartlettHann:
-        BartlettHannWindow(N, w);
-        return window;
-    case WindowType::BlackmanHarrisSymmetric:
-        BlackmanHarrisSymmetricWindow(N, w);
-        return window;
-    case WindowType::BlackmanHarrisPeriodic:
-        BlackmanHarrisPeriodicWindow(N, w);
-        return window;
-    case WindowType::Parzen:
-        ParzenWindow(N, w);
-        return window;
-    case WindowType::NuttallSymmetric:
-        NuttallSymmetricWindow(N, w);
-        return window;
-    case WindowType::NuttallPeriodic:
-        NuttallPeriodicWindow(N, w);
-        return window;
-    }
-    return nullptr;
-}
-
-ResultArray CreateWindow(WindowType windowType, int N)
-{
-    auto angles = NewWorkArray<double>(N);
-    for (int n = 0; n < N; ++n)
-        angles.data()[n] = n * twoPi / (N - 1);
-    return GenerateWindow(windowType, angles.data(), N);
 }
 
 } // namespace trelvanix

@@ -51,8 +51,7 @@ Shifts ExceptionalShifts(double diagonal, double subdiagonal1, double subdiagona
 // One sweep over the active block l .. nn; see the kernel.
 void Sweep(double* a, int n, int l, int nn, Shifts shifts, double negligible)
 {
-    ForInstructionSet(BestInstructionSet(), baseline::DoubleShiftSweep, avx2::DoubleShiftSweep,
-                      avx512::DoubleShiftSweep)(a, n, l, nn, shifts, negligible);
+    KernelsFor<SweepKernels>(BestInstructionSet()).doubleShiftSweep(a, n, l, nn, shifts, negligible);
 }
 
 // First row of the block that ends at nn: the highest l whose subdiagonal entry counts as zero, or 0.

@@ -16,14 +16,6 @@ std::vector<Complex> PolyFromRoots(const Complex* roots, int count)
     return coefficients;
 }
 
-double ProductOf(const double* values, int count)
-{
-    double product = 1.0;
-    for (int i = 0; i < count; ++i)
-        product *= values[i];
-    return product;
-}
-
 void WriteRealPolynomial(double gain, const std::vector<Complex>& roots, double* output)
 {
     if (output == nullptr)

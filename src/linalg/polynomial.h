@@ -12,9 +12,6 @@ namespace trelvanix
 // multiplied up in array order.
 std::vector<Complex> PolyFromRoots(const Complex* roots, int count);
 
-// The product of count numbers in array order, 1.0 for none.
-double ProductOf(const double* values, int count);
-
 // The product of factorOf(value) over all values in array order, starting from 1 + 0j.
 template <class Factor>
 Complex ProductOver(const std::vector<Complex>& values, Factor factorOf)

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "common/instruction_set.h"
 #include "common/lanes.h"
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
@@ -210,3 +211,11 @@ void DoubleShiftSweep(double* a, int n, int l, int nn, Shifts shifts, double neg
 }
 
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+template <>
+trelvanix::SweepKernels
+trelvanix::CompiledKernels<trelvanix::SweepKernels,
+                           trelvanix::InstructionSet::TRELVANIX_INSTRUCTION_SET>()
+{
+    return {trelvanix::TRELVANIX_INSTRUCTION_SET::DoubleShiftSweep};
+}

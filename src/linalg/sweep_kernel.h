@@ -16,18 +16,9 @@ struct Shifts {
 // Source: Francis 1961; Golub & Van Loan, Matrix Computations.
 using DoubleShiftSweepKernel = void(double* a, int n, int l, int nn, Shifts shifts, double negligible);
 
-namespace baseline
-{
-DoubleShiftSweepKernel DoubleShiftSweep;
-}
-namespace avx2
-{
-DoubleShiftSweepKernel DoubleShiftSweep;
-}
-namespace avx512
-{
-DoubleShiftSweepKernel DoubleShiftSweep;
-}
+struct SweepKernels {
+    DoubleShiftSweepKernel* doubleShiftSweep;
+};
 
 } // namespace trelvanix
 

@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "common/constants.h"
-#include "linalg/polynomial.h"
 
 // Squares of real numbers are taken with the power function throughout: it differs from the product in
 // the last bit now and then.
@@ -32,8 +31,6 @@ double IntegralByLanden(double k, double tol)
 
 double IntegralByAgm(double m)
 {
-    if (m == 0.0)
-        return 0.0;
     if (m == 1.0)
         return infinity;
     double a = 1.0;
@@ -112,11 +109,13 @@ CompleteIntegrals EllipticK(double k, double tol)
     constexpr double kmin = 1e-6;
     const double kmax = ComplementaryModulus(kmin);
     if (k == 0.0)
-        return {infinity, infinity};
+        return {halfPi, infinity};
 
     const double kp = ComplementaryModulus(k);
     CompleteIntegrals integrals = {};
-    if (k > kmax) {
+    if (kp == 0.0) {
+        integrals.K = infinity;
+    } else if (k > kmax) {
         const double L = std::log(kp * 0.25);
         integrals.K = std::pow(kp, 2.0) * (-L - 1.0) * 0.25 + -L;
     } else {
@@ -181,29 +180,15 @@ Complex InverseSnComplex(Complex w, double k, double tol)
 
 double EllipticDegree(int N, double k1)
 {
-    if (k1 < 1e-6)
-        return EllipticDegreeByNome(N, k1);
     const double k1p = ComplementaryModulus(k1);
     std::vector<double> u;
     for (int i = 1; i <= N / 2; ++i)
         u.push_back((2.0 * i - 1.0) / N);
-    const std::vector<double> s = JacobiSn(u, k1p, landenTolerance);
-    const double P = std::pow(ProductOf(s.data(), N / 2), 4.0);
-    const double kp = std::pow(k1p, static_cast<double>(N)) * P;
+    double product = 1.0;
+    for (const double sn : JacobiSn(u, k1p, landenTolerance))
+        product *= sn;
+    const double kp = std::pow(k1p, static_cast<double>(N)) * std::pow(product, 4.0);
     return ComplementaryModulus(kp);
-}
-
-double EllipticDegreeByNome(int N, double k1)
-{
-    const auto [K, Kprime] = EllipticK(k1, landenTolerance);
-    const double q = std::pow(std::exp(-pi * Kprime / K), static_cast<double>(N));
-    double A = 0.0;
-    double B = 0.0;
-    for (int m = 1; m <= 7; ++m) {
-        A += std::pow(q, m * (m + 1.0));
-        B += std::pow(q, m * static_cast<double>(m));
-    }
-    return 4.0 * std::sqrt(q) * (1.0 + A) / std::pow(1.0 + 2.0 * B, 2.0);
 }
 
 } // namespace trelvanix

@@ -25,15 +25,14 @@ double SymmetricRemainder(double x, double y);
 std::vector<double> LandenModuli(double k, double tol);
 
 // The complete elliptic integrals of the first kind K(k) and K'(k) = K(sqrt(1 - k^2)); near k = 1 and
-// k = 0, where one of them grows without bound, its series. k = 0 gives infinity for both, K included.
+// k = 0, where one of them grows without bound, its series.
 struct CompleteIntegrals {
     double K;
     double Kprime;
 };
 CompleteIntegrals EllipticK(double k, double tol);
 
-// K for each parameter m = k^2 by the arithmetic-geometric mean. m = 1 gives infinity, m = 0 gives 0
-// (not pi / 2).
+// K for each parameter m = k^2 by the arithmetic-geometric mean. m = 1 gives infinity.
 // Source: Abramowitz & Stegun, Handbook of Mathematical Functions, 1964, 17.6.
 std::vector<double> EllipticKByAgm(const std::vector<double>& m);
 
@@ -49,13 +48,9 @@ Complex InverseCdComplex(Complex w, double k, double tol);
 Complex InverseSnComplex(Complex w, double k, double tol);
 
 // The selectivity modulus k of the elliptic filter of order N with the discrimination modulus k1, from
-// the degree equation N K'/K = K1'/K1. Below k1 = 1e-6 by the nome.
+// the degree equation N K'/K = K1'/K1. For k1 from 1e-6 to 1: below, the complement that it is formed from has
+// too few digits left.
 double EllipticDegree(int N, double k1);
-
-// The branch of tiny k1: seven terms of the theta series at the nome exp(-pi K1'/K1)^N. The degree
-// equation calls for the N-th root of the nome; the N-th power is what released filters were designed
-// with, and it is kept: beyond some 104 to 120 dB of attenuation elliptic designs are wrong.
-double EllipticDegreeByNome(int N, double k1);
 
 } // namespace trelvanix
 

@@ -1,7 +1,7 @@
-// What it computes: the radix-2 transform by decimation in frequency of fft_engine.h. Stage by stage, in
+// What it computes: the radix-2 transform by decimation in frequency of fourier.h. Stage by stage, in
 // blocks of half the length of the stage before, the butterfly
 //
-//     x[k], x[k + half]  <-  x[k] + x[k + half],  (x[k] - x[k + half]) e^(-2 pi i k groups / n)
+//     x[k], x[k + half]  <-  x[k] + x[k + half],  (x[k] - x[k + half]) e^(-2 pi i k groups / period)
 //
 // and in the end the bit-reversal permutation.
 //
@@ -32,6 +32,7 @@
 #include <cmath>
 
 #include "common/constants.h"
+#include "common/instruction_set.h"
 #include "common/lanes.h"
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
@@ -247,19 +248,19 @@ struct ComplexOutput {
     }
 };
 
-// Divided, not multiplied by 1 / n, which would round differently.
+// Divided, not multiplied by 1 / period, which would round differently.
 struct DividedOutput {
     ComplexOutput output;
-    double n;
+    double divisor;
 
     void PutElements(std::int64_t k, Numbers x) const
     {
-        output.PutElements(k, {x.re / Broadcast(n), x.im / Broadcast(n)});
+        output.PutElements(k, {x.re / Broadcast(divisor), x.im / Broadcast(divisor)});
     }
 
     void PutElement(std::int64_t k, Number x) const
     {
-        output.PutElement(k, {x.re / n, x.im / n});
+        output.PutElement(k, {x.re / divisor, x.im / divisor});
     }
 };
 
@@ -317,8 +318,8 @@ TRELVANIX_INLINE void Pass(const Source& source, double* data, std::int64_t leng
     }
 }
 
-// e^(-2 pi i k / n) for k = first, first + step, ..., count of them, in groups.
-TRELVANIX_INLINE void MakeTwiddles(std::int64_t first, int step, std::int64_t count, int n,
+// e^(-2 pi i k / period) for k = first, first + step, ..., count of them, in groups.
+TRELVANIX_INLINE void MakeTwiddles(std::int64_t first, int step, std::int64_t count, int period,
                                    double* twiddles)
 {
     double steps[laneCount];
@@ -326,10 +327,10 @@ TRELVANIX_INLINE void MakeTwiddles(std::int64_t first, int step, std::int64_t co
         steps[lane] = lane * step;
     for (std::int64_t i = 0; i < count; i += laneCount) {
         // Negated as an integer: the first angle is +0, and so is its sine. (GCC 12 makes -0 of 0.0 less
-        // an integer 0.) Add, multiply, divide, in this order: a step 2 pi / n computed once would round
+        // an integer 0.) Add, multiply, divide, in this order: a step 2 pi / period computed once would round
         // differently.
         const Lanes t = Broadcast(static_cast<double>(-(first + i * step))) - Load(steps);
-        Store(twiddles + 2 * i, (t + t) * Broadcast(pi) / Broadcast(n));
+        Store(twiddles + 2 * i, (t + t) * Broadcast(pi) / Broadcast(period));
     }
     // Apart, because the functions of some C libraries wait for all arithmetic before them.
     for (std::int64_t i = 0; i < count; i += laneCount) {
@@ -350,13 +351,15 @@ TRELVANIX_INLINE void HalveTwiddles(double* twiddles, std::int64_t p)
 }
 
 // The twiddles of all stages but the first.
-void MakeTable(std::int64_t size, int n, double* twiddles)
+void MakeTwiddleTable(std::int64_t size, int period, double* twiddles)
 {
+    if (size <= smallSize)
+        return;
     const std::int64_t half = size / 4;
     const std::int64_t chunk = std::min(half, chunkLength);
     std::int64_t made = half;
     for (std::int64_t p = half; p < 2 * half; p += chunk) {
-        MakeTwiddles(2 * (p - half), 2, chunk, n, twiddles + 2 * p);
+        MakeTwiddles(2 * (p - half), 2, chunk, period, twiddles + 2 * p);
         // The stages below while their twiddles are in the cache.
         made = half;
         for (std::int64_t begin = p / 2, count = chunk / 2; count >= laneCount;
@@ -373,11 +376,11 @@ void MakeTable(std::int64_t size, int n, double* twiddles)
 }
 
 // The twiddles first .. first + count - 1 of the first stage: those of even index are in the table.
-TRELVANIX_INLINE void CompleteTwiddles(std::int64_t first, std::int64_t count, std::int64_t size, int n,
-                                       const double* table, double* twiddles)
+TRELVANIX_INLINE void CompleteTwiddles(std::int64_t first, std::int64_t count, std::int64_t size,
+                                       int period, const double* table, double* twiddles)
 {
     double odd[maxRun];
-    MakeTwiddles(first + 1, 2, count / 2, n, odd);
+    MakeTwiddles(first + 1, 2, count / 2, period, odd);
     for (std::int64_t i = 0; i < count / 2; i += laneCount) {
         const Numbers x = LoadGroup(table, (size / 2 + first) / 2 + i);
         const Numbers y = LoadGroup(odd, i);
@@ -388,7 +391,7 @@ TRELVANIX_INLINE void CompleteTwiddles(std::int64_t first, std::int64_t count, s
 
 // The first pass, and with it the twiddles of the first stage.
 template <int stages, class Source>
-TRELVANIX_INLINE void FirstPass(const Source& source, double* data, std::int64_t size, int n,
+TRELVANIX_INLINE void FirstPass(const Source& source, double* data, std::int64_t size, int period,
                                 const double* table)
 {
     constexpr int rows = 1 << (stages - 1);
@@ -404,7 +407,7 @@ TRELVANIX_INLINE void FirstPass(const Source& source, double* data, std::int64_t
             }
         }
         for (std::int64_t i = 0; i < rows * chunk; i += run)
-            CompleteTwiddles(i / chunk * distance + begin, run, size, n, table, twiddles + 2 * i);
+            CompleteTwiddles(i / chunk * distance + begin, run, size, period, table, twiddles + 2 * i);
         Pass<stages>(source, data, size, begin, begin + chunk, twiddles, chunk, table);
     }
 }
@@ -448,31 +451,6 @@ void MiddlePasses(double* data, std::int64_t size, std::int64_t length, const do
             MiddlePass<1>(data, size, length, twiddles);
         length >>= stages;
     }
-}
-
-// Moves bit `bit` of the lane's index to the vector's index and the other way round.
-template <int bit>
-TRELVANIX_INLINE void ExchangeBit(Lanes* x)
-{
-    for (int i = 0; i < laneCount; ++i) {
-        if ((i & bit) == 0) {
-            const Lanes low = x[i];
-            const Lanes high = x[i + bit];
-            x[i] = PickLanes(
-                low, high, [](int lane) { return (lane & bit) == 0 ? lane : lane - bit + laneCount; });
-            x[i + bit] = PickLanes(
-                low, high, [](int lane) { return (lane & bit) == 0 ? lane + bit : lane + laneCount; });
-        }
-    }
-}
-
-TRELVANIX_INLINE void Transpose(Lanes* x)
-{
-    ExchangeBit<1>(x);
-    if constexpr (laneBits > 1)
-        ExchangeBit<2>(x);
-    if constexpr (laneBits > 2)
-        ExchangeBit<4>(x);
 }
 
 struct Tile {
@@ -529,13 +507,13 @@ TRELVANIX_INLINE void LastPass(const double* data, std::int64_t size, const doub
 
 // The plain loop, for sizes without a whole tile.
 template <class Source, class Output>
-TRELVANIX_INLINE void SmallTransform(const Source& source, int size, int n, const Output& output)
+TRELVANIX_INLINE void SmallTransform(const Source& source, int size, int period, const Output& output)
 {
     Number data[smallSize];
     double twiddles[2 * smallSize];
     for (int k = 0; k < size; ++k)
         data[k] = source.Element(k);
-    MakeTwiddles(0, 1, size / 2, n, twiddles);
+    MakeTwiddles(0, 1, size / 2, period, twiddles);
     for (std::int64_t half = size / 2, groups = 1; half > 0; half /= 2, groups *= 2) {
         for (Number* block = data; block < data + size; block += 2 * half) {
             for (std::int64_t k = 0; k < half; ++k)
@@ -549,41 +527,50 @@ TRELVANIX_INLINE void SmallTransform(const Source& source, int size, int n, cons
 }
 
 template <class Source, class Output>
-TRELVANIX_INLINE void Transform(const Source& source, double* data, std::int64_t size, int n,
-                                double* twiddles, const Output& output)
+TRELVANIX_INLINE void Transform(const Source& source, double* data, std::int64_t size, int period,
+                                const double* twiddles, const Output& output)
 {
     if (size <= smallSize) {
-        SmallTransform(source, static_cast<int>(size), n, output);
+        SmallTransform(source, static_cast<int>(size), period, output);
         return;
     }
-    MakeTable(size, n, twiddles);
     const int stages = StagesOfPass(size);
     if (stages == 3)
-        FirstPass<3>(source, data, size, n, twiddles);
+        FirstPass<3>(source, data, size, period, twiddles);
     else // sizes with a single stage before the tiles are small
-        FirstPass<2>(source, data, size, n, twiddles);
+        FirstPass<2>(source, data, size, period, twiddles);
     MiddlePasses(data, size, size >> stages, twiddles);
     LastPass(data, size, twiddles, output);
+}
+
+void TransformComplex(const double* input, double* output, std::int64_t size, int period,
+                      const double* table)
+{
+    Transform(ComplexInput{input}, output, size, period, table, ComplexOutput{output});
+}
+
+void TransformConjugate(const double* input, double* output, std::int64_t size, int period,
+                        const double* table)
+{
+    Transform(ConjugatedInput{{input}}, output, size, period, table,
+              DividedOutput{{output}, static_cast<double>(period)});
+}
+
+void TransformReal(const double* x, std::int64_t count, double* outReal, double* outImag,
+                   std::int64_t size, int period, const double* table, double* work)
+{
+    Transform(RealInput{x, count}, work, size, period, table, SplitOutput{outReal, outImag});
 }
 
 // NOLINTEND(readability-static-definition-in-anonymous-namespace)
 } // namespace
 
-void TransformComplex(const double* input, double* output, std::int64_t size, int n, double* twiddles)
-{
-    Transform(ComplexInput{input}, output, size, n, twiddles, ComplexOutput{output});
-}
-
-void TransformConjugate(const double* input, double* output, std::int64_t size, int n, double* twiddles)
-{
-    Transform(ConjugatedInput{{input}}, output, size, n, twiddles,
-              DividedOutput{{output}, static_cast<double>(n)});
-}
-
-void TransformReal(const double* x, std::int64_t count, double* outReal, double* outImag,
-                   std::int64_t size, int n, double* work, double* twiddles)
-{
-    Transform(RealInput{x, count}, work, size, n, twiddles, SplitOutput{outReal, outImag});
-}
-
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
+
+template <>
+trelvanix::FftKernels trelvanix::CompiledKernels<trelvanix::FftKernels,
+                                                 trelvanix::InstructionSet::TRELVANIX_INSTRUCTION_SET>()
+{
+    using namespace trelvanix::TRELVANIX_INSTRUCTION_SET;
+    return {MakeTwiddleTable, TransformComplex, TransformConjugate, TransformReal};
+}

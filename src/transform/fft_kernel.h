@@ -6,43 +6,26 @@
 namespace trelvanix
 {
 
-// The forward transform of the first `size` elements, a power of two, with the twiddles
-// e^(-2 pi i k / n); see ForwardTransform. Complex arrays are pairs of doubles.
-//
-//   twiddles   room for size / 2 complex elements, overwritten
-//
-// The three differ in where the elements come from and go to.
+// Fills the table of twiddles e^(-2 pi i k / period) that transforms of `size` elements run over: room for
+// size / 2 complex elements, in an order of the instruction set's own. Sizes too small for the passes have
+// none: nothing is written.
+using MakeTwiddleTableKernel = void(std::int64_t size, int period, double* table);
 
-// output may be input itself.
-using TransformComplexKernel = void(const double* input, double* output, std::int64_t size, int n,
-                                    double* twiddles);
-
-// The transform of the conjugated input, every part divided by n. output may be input itself.
+// The passes for `size` elements, a power of two; see fourier.h. The three differ in where the elements
+// come from and go to.
+using TransformComplexKernel = void(const double* input, double* output, std::int64_t size, int period,
+                                    const double* table);
 using TransformConjugateKernel = TransformComplexKernel;
-
-// The transform of x[0 .. count - 1] followed by zeros, into real and imaginary parts. All of x is read
-// before anything is written to them. work: room for size complex elements.
+// work: room for size complex elements.
 using TransformRealKernel = void(const double* x, std::int64_t count, double* outReal, double* outImag,
-                                 std::int64_t size, int n, double* work, double* twiddles);
+                                 std::int64_t size, int period, const double* table, double* work);
 
-namespace baseline
-{
-TransformComplexKernel TransformComplex;
-TransformConjugateKernel TransformConjugate;
-TransformRealKernel TransformReal;
-} // namespace baseline
-namespace avx2
-{
-TransformComplexKernel TransformComplex;
-TransformConjugateKernel TransformConjugate;
-TransformRealKernel TransformReal;
-} // namespace avx2
-namespace avx512
-{
-TransformComplexKernel TransformComplex;
-TransformConjugateKernel TransformConjugate;
-TransformRealKernel TransformReal;
-} // namespace avx512
+struct FftKernels {
+    MakeTwiddleTableKernel* makeTwiddleTable;
+    TransformComplexKernel* transformComplex;
+    TransformConjugateKernel* transformConjugate;
+    TransformRealKernel* transformReal;
+};
 
 } // namespace trelvanix
 

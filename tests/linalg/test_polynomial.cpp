@@ -34,13 +34,6 @@ TEST(PolyFromRoots, MultipliesInArrayOrder)
     EXPECT_EQ(PolyFromRoots(oneLast, 3)[1].real(), -1.0);
 }
 
-TEST(ProductOf, MultipliesUp)
-{
-    const double values[] = {2.0, -3.0, 0.5};
-    EXPECT_EQ(ProductOf(values, 3), -3.0);
-    EXPECT_EQ(ProductOf(values, 0), 1.0);
-}
-
 TEST(ProductOver, MultipliesTheFactorOfEveryValue)
 {
     EXPECT_EQ(ProductOver({{0.0, 1.0}, {0.0, -1.0}}, [](Complex x) { return 2.0 - x; }), Complex(5.0));

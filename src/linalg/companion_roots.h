@@ -1,16 +1,17 @@
-#ifndef TRELVANIX_LINALG_POLYNOMIAL_ROOTS_H
-#define TRELVANIX_LINALG_POLYNOMIAL_ROOTS_H
+#ifndef TRELVANIX_LINALG_COMPANION_ROOTS_H
+#define TRELVANIX_LINALG_COMPANION_ROOTS_H
 
 #include <vector>
 
 #include "common/complex_arithmetic.h"
-#include "common/result_array.h"
 
 namespace trelvanix
 {
 
-// The n roots of c[0] z^n + ... + c[n-1] z + c[0]; contract at Roots in trelvanix.h.
-ResultArray Roots(const double* c, int n);
+// An n x n matrix with ones below the diagonal and zeros elsewhere: with the first row -c[1] / c[0], ...,
+// -c[n] / c[0] the companion matrix of a polynomial.
+// Errors: std::length_error, std::bad_alloc.
+std::vector<double> ShiftMatrix(int n);
 
 // The n roots of c[0] z^n + ... + c[n], all n + 1 coefficients used, as eigenvalues of the companion
 // matrix. The iteration deflates at 1e-12 and is held to ten sweeps an eigenvalue before it goes on as

@@ -1,10 +1,11 @@
-#include "linalg/polynomial_roots.h"
+#include "classic/roots.h"
 
-#include <cmath>
 #include <cstdint>
 #include <new>
+#include <vector>
 
-#include "common/work_array.h"
+#include "common/complex_arithmetic.h"
+#include "linalg/companion_roots.h"
 #include "linalg/eigenvalues.h"
 
 namespace trelvanix
@@ -14,16 +15,6 @@ namespace
 
 // The largest n whose n * n fits 32 bits.
 constexpr int largestDegree = 46340;
-
-// An n x n matrix with ones below the diagonal; the first row is still to be filled.
-std::vector<double> ShiftMatrix(int n)
-{
-    auto matrix = NewWorkArray<double>(std::int64_t{n} * n);
-    double* a = matrix.data();
-    for (std::int64_t i = 1; i < n; ++i)
-        a[i * n + i - 1] = 1.0;
-    return matrix;
-}
 
 // What ReduceToHessenberg does to a matrix that has ones below the diagonal and zeros around them: with
 // multipliers of zero it adds 0 a(0, i) to a(0, j), 0 < j < i, from left to right. That changes no number
@@ -61,15 +52,6 @@ ResultArray Roots(const double* c, int n)
     for (const Complex root : AllHessenbergEigenvalues(matrix.data(), n, 1e-100, 60))
         StoreComplex(roots.get(), i++, root);
     return roots;
-}
-
-std::vector<Complex> CompanionRoots(const double* c, int n)
-{
-    std::vector<double> matrix = ShiftMatrix(n);
-    double* firstRow = matrix.data();
-    for (int k = 0; k < n; ++k)
-        firstRow[k] = -c[k + 1] / c[0];
-    return AllHessenbergEigenvalues(matrix.data(), n, 1e-12, 10);
 }
 
 } // namespace trelvanix
