@@ -7,8 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "common/numbers.h"
-
 namespace trelvanix
 {
 namespace
@@ -99,20 +97,6 @@ TEST(AreFinite, EveryFrequency_Counts)
         EXPECT_FALSE(AreFinite(Row{bad, 0.0, 1.0}.data(), 3));
         EXPECT_FALSE(AreFinite(Row{0.0, 1.0, bad}.data(), 3));
     }
-}
-
-TEST(ToInt, Values_AreTruncated)
-{
-    EXPECT_EQ(ToInt(2.9), 2);
-    EXPECT_EQ(ToInt(-2.9), -2);
-    EXPECT_EQ(ToInt(2147483647.9), std::numeric_limits<int>::max());
-    EXPECT_EQ(ToInt(-2147483648.9), std::numeric_limits<int>::min());
-}
-
-TEST(ToInt, WhatDoesNotFit_IsTheMostNegativeInt)
-{
-    for (const double value : {2147483648.0, -2147483649.0, 1e300, -1e300, infinity, -infinity, nan})
-        EXPECT_EQ(ToInt(value), std::numeric_limits<int>::min()) << value;
 }
 
 } // namespace
