@@ -38,7 +38,7 @@ std::vector<Complex> ImaginaryZeros(const std::vector<double>& u, double k)
 {
     std::vector<Complex> zeros;
     zeros.reserve(u.size());
-    for (const double zeta : JacobiCd(u, k, landenTolerance))
+    for (const double zeta : JacobiCd(u, k))
         zeros.emplace_back(0.0 / (k * zeta), 1.0 / (k * zeta));
     return WithConjugates(zeros);
 }
@@ -50,7 +50,7 @@ std::vector<Complex> ComplexPoles(const std::vector<double>& u, Complex nu0, dou
     arguments.reserve(u.size());
     for (const double argument : u)
         arguments.emplace_back(argument + nu0.imag(), -nu0.real());
-    std::vector<Complex> poles = JacobiCdComplex(arguments, k, landenTolerance);
+    std::vector<Complex> poles = JacobiCdComplex(arguments, k);
     for (Complex& pole : poles)
         pole = TimesJ(pole);
     return WithConjugates(poles);
@@ -70,12 +70,12 @@ AnalogPrototype EllipticPrototype(int order, double rp, double rs)
     std::vector<double> u;
     for (int i = 1; i <= order / 2; ++i)
         u.push_back((2.0 * i - 1.0) / order);
-    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1, landenTolerance);
+    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1);
     const Complex nu0 = Divide({v.imag(), -v.real()}, static_cast<double>(order));
 
     AnalogPrototype prototype = {ImaginaryZeros(u, k), ComplexPoles(u, nu0, k), 1.0};
     if (odd)
-        prototype.poles.push_back(TimesJ(JacobiSnComplex(TimesJ(nu0), k, landenTolerance)));
+        prototype.poles.push_back(TimesJ(JacobiSnComplex(TimesJ(nu0), k)));
 
     const auto itself = [](Complex value) { return value; };
     const Complex quotient =
