@@ -225,51 +225,51 @@ ResultArray GenerateWindow(WindowType windowType, const double* angles, int N)
     switch (windowType) {
     case WindowType::Rectangle:
         RectangleWindow(N, w);
-        return window;
+        break;
     case WindowType::Hann:
         HannWindow(angles, N, w);
-        return window;
+        break;
     case WindowType::Hamming:
         HammingWindow(angles, N, w);
-        return window;
+        break;
     case WindowType::Blackman:
         BlackmanWindow(angles, N, w);
-        return window;
+        break;
     case WindowType::Flattop:
         FlattopWindow(angles, N, w);
-        return window;
+        break;
     case WindowType::Kaiser:
         KaiserWindow(N, w);
-        return window;
+        break;
     case WindowType::Gaussian:
         GaussianWindow(N, w);
-        return window;
+        break;
     case WindowType::Triang:
         TriangWindow(N, w);
-        return window;
+        break;
     case WindowType::Bartlett:
         BartlettWindow(N, w);
-        return window;
+        break;
     case WindowType::BartlettHann:
         BartlettHannWindow(N, w);
-        return window;
+        break;
     case WindowType::BlackmanHarrisSymmetric:
         BlackmanHarrisSymmetricWindow(N, w);
-        return window;
+        break;
     case WindowType::BlackmanHarrisPeriodic:
         BlackmanHarrisPeriodicWindow(N, w);
-        return window;
+        break;
     case WindowType::Parzen:
         ParzenWindow(N, w);
-        return window;
+        break;
     case WindowType::NuttallSymmetric:
         NuttallSymmetricWindow(N, w);
-        return window;
+        break;
     case WindowType::NuttallPeriodic:
         NuttallPeriodicWindow(N, w);
-        return window;
+        break;
     }
-    return nullptr;
+    return window;
 }
 
 ResultArray CreateWindow(WindowType windowType, int N)

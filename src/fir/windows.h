@@ -32,10 +32,10 @@ void CheckWindowType(int windowType);
 
 // Window of N >= 2 samples as a new array.
 //
-//   angles   N angles x[n] = 2 pi n / (N - 1), read by Hann, Hamming, Blackman and Flattop
+//   windowType   one of the fifteen
+//   angles       N angles x[n] = 2 pi n / (N - 1), read by Hann, Hamming, Blackman and Flattop
 //
-// Returns null for a windowType that is none of the fifteen. The windows that divide by N - 1 are
-// not-a-number for N = 1.
+// The windows that divide by N - 1 are not-a-number for N = 1.
 // Errors: std::bad_array_new_length for N < 0, std::bad_alloc.
 ResultArray GenerateWindow(WindowType windowType, const double* angles, int N);
 

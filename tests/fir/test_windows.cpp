@@ -250,13 +250,6 @@ TEST(Windows, DividingByZeroAreNotANumberForOneSample)
     EXPECT_EQ(Window(WindowType::Rectangle, 1)[0], 1.0);
 }
 
-TEST(GenerateWindow, GivesNoArrayForAnUnknownType)
-{
-    const double angles[] = {0.0, 6.283185307179586};
-    EXPECT_EQ(GenerateWindow(static_cast<WindowType>(15), angles, 2), nullptr);
-    EXPECT_EQ(GenerateWindow(static_cast<WindowType>(0xFFFFFFFFU), angles, 2), nullptr);
-}
-
 TEST(GenerateWindow, ReadsItsAnglesForFourWindowsOnly)
 {
     const double angles[] = {0.25, 0.5, 1.0};
