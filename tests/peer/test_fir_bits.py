@@ -8,7 +8,7 @@ import math
 import numpy as np
 import pytest
 
-import fir_library as trelvanix
+import trelvanix_library as trelvanix
 import literal_fir
 from comparing import assert_same_bits
 
