@@ -105,19 +105,19 @@ void ExpectAlternation(int order, const std::vector<TestBand>& bands)
     EXPECT_LE(dense.largest, onGrid / seen(1.0 / (16.0 * nfcns)) + rounding);
 }
 
-TEST(RemezExchange, LowPass_Alternates)
+TEST(RemezExchange, MakesTheErrorOfALowPassAlternate)
 {
     for (const int order : {4, 7, 10, 20, 21, 33, 50, 64, 87})
         ExpectAlternation(order, {{0.0, 0.4, 1.0, 1.0}, {0.5, 1.0, 0.0, 1.0}});
 }
 
-TEST(RemezExchange, WeightedLowPass_Alternates)
+TEST(RemezExchange, MakesTheErrorOfAWeightedLowPassAlternate)
 {
     for (const int order : {16, 31, 46})
         ExpectAlternation(order, {{0.0, 0.3, 1.0, 1.0}, {0.4, 1.0, 0.0, 20.0}});
 }
 
-TEST(RemezExchange, HighPassAndBandPass_Alternate)
+TEST(RemezExchange, MakesTheErrorsOfHighPassAndBandPassAlternate)
 {
     for (const int order : {16, 30, 46}) {
         ExpectAlternation(order, {{0.0, 0.55, 0.0, 1.0}, {0.65, 1.0, 1.0, 1.0}});
@@ -126,20 +126,20 @@ TEST(RemezExchange, HighPassAndBandPass_Alternate)
     }
 }
 
-TEST(RemezExchange, BandsThatEndBelowHalfTheSamplingRate_Alternate)
+TEST(RemezExchange, MakesTheErrorAlternateOnBandsThatEndBelowHalfTheSamplingRate)
 {
     for (const int order : {8, 13, 16})
         ExpectAlternation(order, {{0.0, 0.4, 1.0, 1.0}, {0.5, 0.85, 0.0, 1.0}});
 }
 
-TEST(RemezExchange, OrderZero_IsTheMiddleOfTheAmplitudes)
+TEST(RemezExchange, GivesTheMiddleOfTheAmplitudesForOrderZero)
 {
     const Design design = DesignFor(0, {{0.0, 0.4, 1.0, 1.0}, {0.6, 1.0, 0.0, 1.0}});
     ASSERT_EQ(design.taps.size(), 1U);
     EXPECT_EQ(design.taps[0], 0.5);
 }
 
-TEST(RemezExchange, OrderTwo_IsTheLineThroughThreeEqualErrors)
+TEST(RemezExchange, GivesTheLineThroughThreeEqualErrorsForOrderTwo)
 {
     // a0 + a1 cos(pi f): +e at 0 and, by symmetry, -e at 0.4, +e at 0.6 and -e at 1, so a0 = 1/2 and
     // a1 - 1/2 = 1/2 - a1 cos(0.4 pi).
@@ -150,7 +150,7 @@ TEST(RemezExchange, OrderTwo_IsTheLineThroughThreeEqualErrors)
     EXPECT_NEAR(design.taps[1], 0.5, 8 * epsilon);
 }
 
-TEST(RemezExchange, OrderOne_KeepsHalfTheGain)
+TEST(RemezExchange, KeepsHalfTheGainForOrderOne)
 {
     // 2 h cos(pi f / 2) has equal errors at the edges 0.4 and 0.6 for the h below; the tap is half
     // of it.
@@ -161,7 +161,7 @@ TEST(RemezExchange, OrderOne_KeepsHalfTheGain)
     EXPECT_NEAR(design.result.halfResponse[0], h / 2.0, 8 * epsilon);
 }
 
-TEST(RemezExchange, OneBandAndAPoint_IsAChebyshevPolynomial)
+TEST(RemezExchange, GivesAChebyshevPolynomialForOneBandAndAPoint)
 {
     // Value 1/2 wanted at f = 0, 0 from 0.3 to 1: the best is d T_n, stretched from [-1, cos(0.3 pi)]
     // to [-1, 1], with 1/2 - d T_n(u) = d at cos = 1 (Dolph 1946).
@@ -222,7 +222,7 @@ TEST(RemezExchange, FindsTheBestApproximationOnItsGridForEveryOrder)
         ExpectBestOnItsGrid(order, {{0.0, 0.4, 1.0, 1.0}, {0.45, 1.0, 0.0, 1.0}});
 }
 
-TEST(RemezExchange, MoreThan250Sweeps_KeepsTheLastApproximation)
+TEST(RemezExchange, KeepsTheLastApproximationAfter250Sweeps)
 {
     // A ripple far below the rounding of the sums: the extrema are noise and never settle.
     const Design design = DesignFor(500, {{0.0, 0.4, 1.0, 1.0}, {0.5, 1.0, 0.0, 1.0}});
@@ -267,6 +267,13 @@ TEST(RemezExchange, SweepsAsOftenAsTheLiteralForm)
         // Points that lie in no band, and a band of no width.
         {20, {0.0, 0.6, 0.4, 1.0}, lowPass, even, 3},
         {20, {0.0, 0.0, 0.4, 1.0}, lowPass, even, 7},
+        // Both ends would improve, and the high one wins.
+        {5, {0.0, 0.6711050408999444, 0.1995026073878381, 1.0}, highPass, even, 5},
+        {7, {0.0, 0.6645932936953498, 0.17357538208725753, 1.0}, highPass, even, 11},
+        // Errors that are equal by symmetry: rounding alone takes no extremum to the other end.
+        {2, {0.0, 0.25, 0.75, 1.0}, lowPass, even, 2},
+        {4, {0.0, 0.35, 0.5, 0.5, 0.65, 1.0}, bandPass, {1.0, 1.0, 1.0}, 3},
+        {6, {0.0, 0.25, 0.75, 1.0}, lowPass, even, 4},
         // A weight that makes the problem unsolvable.
         {20, {0.0, 0.3, 0.4, 1.0}, lowPass, {0.0, 1.0}, 1},
         // Ripple below what doubles hold, and extrema that go to and fro beyond both ends: no end.
@@ -299,7 +306,7 @@ RemezProblem SpoiltProblem(int gridCount, std::size_t row, double bad, std::size
     return problem;
 }
 
-TEST(RemezExchange, NumbersThatMakeNoSense_EndAllTheSame)
+TEST(RemezExchange, EndsForNumbersThatMakeNoSense)
 {
     for (const int tapCount : {1, 2, 3, 4, 9, 12, 40, 41}) {
         const int nfcns = tapCount / 2 + tapCount % 2;
@@ -320,7 +327,7 @@ TEST(RemezExchange, NumbersThatMakeNoSense_EndAllTheSame)
     }
 }
 
-TEST(RemezExchange, ProblemWithoutSolution_IsNotANumber)
+TEST(RemezExchange, GivesNotANumberForAProblemWithoutSolution)
 {
     Row grid(33);
     Row desired(33, 1.0);

@@ -55,7 +55,7 @@ TEST(LagrangeWeights, AreTheReciprocalsOfTheProductsOfTwiceTheDifferences)
     }
 }
 
-TEST(LagrangeWeights, EqualNodes_KeepBeingLeftOut)
+TEST(LagrangeWeights, KeepLeavingOutEqualNodes)
 {
     for (const InstructionSet set : AvailableInstructionSets()) {
         EXPECT_EQ(WeightsOf(set, {1.0, 1.0, 0.5}, 1), (Row{1.0, 1.0, 1.0}));
@@ -63,7 +63,7 @@ TEST(LagrangeWeights, EqualNodes_KeepBeingLeftOut)
     }
 }
 
-TEST(LagrangeWeights, Groups_AreMultipliedOneAfterAnother)
+TEST(LagrangeWeights, MultiplyOneGroupAfterAnother)
 {
     const Row x = {0.9, -1.0, -0.11, 0.44, -0.54, 0.89};
     const auto factor = [&](std::size_t j) { return 2.0 * (0.9 - x[j]); };
@@ -78,7 +78,7 @@ TEST(LagrangeWeights, Groups_AreMultipliedOneAfterAnother)
     }
 }
 
-TEST(LagrangeWeights, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
+TEST(LagrangeWeights, StayWithinRangeByGroupsThatOverflowInOneGo)
 {
     // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Ten groups bring one
     // of each together.

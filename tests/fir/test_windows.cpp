@@ -147,7 +147,7 @@ TEST(HannWindow, OfTwoSamplesIsZero)
     EXPECT_EQ(Window(WindowType::Hann, 2), (std::vector<double>{0.0, 0.0}));
 }
 
-TEST(HannAndBlackmanWindow, EndInZeroToRounding)
+TEST(CreateWindow, EndsHannAndBlackmanInZeroToRounding)
 {
     for (const int N : {3, 10, 31}) {
         for (const WindowType type : {WindowType::Hann, WindowType::Blackman}) {
@@ -158,7 +158,7 @@ TEST(HannAndBlackmanWindow, EndInZeroToRounding)
     }
 }
 
-TEST(AngleTableWindows, AreSymmetric)
+TEST(CreateWindow, GivesSymmetricWindowsFromATableOfAngles)
 {
     for (const int N : {2, 3, 10, 31, 200}) {
         for (const WindowType type :
@@ -226,7 +226,7 @@ TEST(ParzenWindow, KeepsLastSlotZeroForEvenLength)
         EXPECT_TRUE(SameBits(Window(WindowType::Parzen, N).back(), 0.0));
 }
 
-TEST(PeriodicWindows, AreTheSymmetricOnesOfOneSampleMore)
+TEST(CreateWindow, GivesPeriodicWindowsTheSamplesOfTheSymmetricOnesOfOneMore)
 {
     for (const auto& [periodic, symmetric] :
          {std::pair(WindowType::BlackmanHarrisPeriodic, WindowType::BlackmanHarrisSymmetric),
@@ -241,7 +241,7 @@ TEST(PeriodicWindows, AreTheSymmetricOnesOfOneSampleMore)
     }
 }
 
-TEST(Windows, DividingByZeroAreNotANumberForOneSample)
+TEST(CreateWindow, GivesNotANumberForOneSampleWhereItDividesByZero)
 {
     for (const WindowType type : {WindowType::Hann, WindowType::Flattop, WindowType::Kaiser,
                                   WindowType::Gaussian, WindowType::Bartlett, WindowType::BartlettHann,
@@ -326,7 +326,7 @@ TEST(BesselI0, HasTheBitsOfAllTwentyFiveTerms)
 }
 
 // Samples that the window takes from their mirror images.
-TEST(MirroredWindows, HaveTheBitsOfEverySampleByItself)
+TEST(KaiserWindow, HasTheBitsOfEverySampleByItselfAsHasGaussianWindow)
 {
     for (int N = 1; N <= 300; ++N) {
         std::vector<double> w(static_cast<std::size_t>(N));

@@ -189,7 +189,7 @@ TEST(EllipticKByAgm, EndsForEveryParameter)
     EXPECT_TRUE(EllipticKByAgm({}).empty());
 }
 
-TEST(Jacobi, AreTheCircularFunctionsForModulusZero)
+TEST(JacobiCd, AndSnAreTheCircularFunctionsForModulusZero)
 {
     const std::vector<double> u = {-1.5, 0.0, 0.25, 0.5, 0.75, 1.0, 3.0};
     const std::vector<double> cd = JacobiCd(u, 0.0);
@@ -200,7 +200,7 @@ TEST(Jacobi, AreTheCircularFunctionsForModulusZero)
     }
 }
 
-TEST(Jacobi, AreOneAtTheEndsOfTheQuarterPeriod)
+TEST(JacobiCd, AndSnAreOneAtTheEndsOfTheQuarterPeriod)
 {
     for (const double k : {0.0, 1e-9, 0.1, 0.5, 0.9, 0.999999, 1.0 - 1e-12}) {
         EXPECT_NEAR(JacobiCd({0.0}, k)[0], 1.0, 4.0 * epsilon) << k;
@@ -208,7 +208,7 @@ TEST(Jacobi, AreOneAtTheEndsOfTheQuarterPeriod)
     }
 }
 
-TEST(Jacobi, MatchFiftyDigitsAtRealArguments)
+TEST(JacobiCd, AndSnMatchFiftyDigitsAtRealArguments)
 {
     int rows = 0;
     for (const auto& row : ellipticFunctionReference) {
@@ -223,7 +223,7 @@ TEST(Jacobi, MatchFiftyDigitsAtRealArguments)
     EXPECT_GT(rows, 50);
 }
 
-TEST(Jacobi, MatchFiftyDigitsAtComplexArguments)
+TEST(JacobiCdComplex, AndSnMatchFiftyDigits)
 {
     for (const auto& row : ellipticFunctionReference) {
         const Complex u(row.uRe, row.uIm), cd(row.cdRe, row.cdIm), sn(row.snRe, row.snIm);
@@ -234,7 +234,7 @@ TEST(Jacobi, MatchFiftyDigitsAtComplexArguments)
     }
 }
 
-TEST(Jacobi, CdIsSnReflectedAtTheQuarterPeriod)
+TEST(JacobiCd, IsSnReflectedAtTheQuarterPeriod)
 {
     for (const double k : {0.1, 0.5, 0.9, 0.999}) {
         for (double u = -1.9; u < 2.0; u += 0.1) {
@@ -244,7 +244,7 @@ TEST(Jacobi, CdIsSnReflectedAtTheQuarterPeriod)
     }
 }
 
-TEST(InverseFunctions, ReturnTheArgumentInTheFundamentalRectangle)
+TEST(InverseSnComplex, ReturnsTheArgumentInTheFundamentalRectangleAsDoesInverseCd)
 {
     for (const double k : {0.1, 0.5, 0.9, 0.99}) {
         const auto [K, Kprime] = EllipticK(k);
@@ -262,7 +262,7 @@ TEST(InverseFunctions, ReturnTheArgumentInTheFundamentalRectangle)
     }
 }
 
-TEST(InverseFunctions, GiveNotANumberForModuliWithoutPeriods)
+TEST(InverseSnComplex, GivesNotANumberForModuliWithoutPeriods)
 {
     for (const double k : {0.0, 1.5}) {
         // K of 0 counts as infinite, and so does K': their quotient is no number.
