@@ -25,9 +25,7 @@ import scipy.fft
 import scipy.signal
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "peer"))
-import fir_library
-import trelvanix_iir
-import trelvanix_library
+import trelvanix_library as trelvanix
 
 ROUNDS = 9
 SECONDS_A_ROUND = 0.03
@@ -68,7 +66,7 @@ def transforms():
         x = rng.uniform(-1.0, 1.0, 2 << exponent).view(np.complex128)
 
         def ours(x=x):
-            return trelvanix_library.FFT(x.view(np.float64)).view(np.complex128)
+            return trelvanix.FFT(x.view(np.float64)).view(np.complex128)
 
         # Some 22 stages of one rounding each, seen against the largest value.
         size = f"2^{exponent}"
@@ -95,7 +93,7 @@ def fir_filters():
                 f"{count} taps",
                 side,
                 call,
-                lambda h=h: trelvanix_library.FirFilterToSignal(x, h[::-1]),
+                lambda h=h: trelvanix.FirFilterToSignal(x, h[::-1]),
                 1e-14,
             )
 
@@ -112,7 +110,7 @@ def iir_filters():
             f"{count} coefficients",
             "SciPy lfilter",
             lambda b=b, a=a: scipy.signal.lfilter(b, a, x),
-            lambda b=b, a=a: trelvanix_library.IirFilterToSignal(x, b, a),
+            lambda b=b, a=a: trelvanix.IirFilterToSignal(x, b, a),
             1e-14,
         )
 
@@ -125,7 +123,7 @@ def windows():
                 f"{name}, order {order}",
                 "SciPy firwin",
                 lambda order=order, window=window: scipy.signal.firwin(order + 1, 0.3, window=window),
-                lambda order=order, number=number: trelvanix_library.CreateFirByWindow(
+                lambda order=order, number=number: trelvanix.CreateFirByWindow(
                     order, LOWPASS, number, 0.3, 0.5
                 ),
                 1e-13,
@@ -158,7 +156,7 @@ def equiripple():
                 f"{name}, order {order}",
                 "SciPy remez",
                 remez,
-                lambda order=order, edge=edge: fir_library.CreateFirByRemez(order, LOWPASS, 0.4, edge),
+                lambda order=order, edge=edge: trelvanix.CreateFirByRemez(order, LOWPASS, 0.4, edge),
                 0.01,
                 lambda ours, theirs, edge=edge: np.max(np.abs(ours - theirs))
                 / stop_band_ripple(ours, edge),
@@ -187,7 +185,7 @@ def polynomials():
             f"degree {degree}",
             "NumPy roots",
             lambda c=c: np.roots(c),
-            lambda c=c, degree=degree: [complex(*r) for r in trelvanix_iir.roots(c[:-1], degree)],
+            lambda c=c, degree=degree: [complex(*r) for r in trelvanix.Roots(c[:-1], degree)],
             1e-10,  # known to about a thousand roundings at degree 400
             root_distance,
         )
@@ -200,10 +198,10 @@ def denominators_and_numerators(ours, theirs):
 def iir_designs():
     edges, analog_edges = [0.2, 0.5], [0.5, 2.0]
     families = {
-        "Butterworth": (trelvanix_iir.butterworth, scipy.signal.butter, ()),
-        "Chebyshev I": (trelvanix_iir.chebyshev1, scipy.signal.cheby1, (1.0,)),
-        "Chebyshev II": (trelvanix_iir.chebyshev2, scipy.signal.cheby2, (40.0,)),
-        "Elliptic": (trelvanix_iir.elliptic, scipy.signal.ellip, (1.0, 40.0)),
+        "Butterworth": (trelvanix.Butterworth, scipy.signal.butter, ()),
+        "Chebyshev I": (trelvanix.Chebyshv1, scipy.signal.cheby1, (1.0,)),
+        "Chebyshev II": (trelvanix.Chebyshv2, scipy.signal.cheby2, (40.0,)),
+        "Elliptic": (trelvanix.Elliptic, scipy.signal.ellip, (1.0, 40.0)),
     }
     for kind, kind_name in ((LOWPASS, "lowpass"), (BANDPASS, "bandpass")):
         for order in (4, 8):
@@ -239,7 +237,7 @@ def iir_designs():
                 )
 
             def our_bessel(order=order, wn=wn, kind=kind):
-                a, _ = trelvanix_iir.bessel(order, list(wn), kind)
+                a, _ = trelvanix.Bessel(order, list(wn), kind)
                 return None, np.array(a)
 
             yield Row(

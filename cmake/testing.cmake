@@ -1,5 +1,6 @@
 # How the tests are found and run: on this machine, or under Wine when cross compiling for Windows.
-#   trelvanix_add_gtest(TARGET [PREFIX])  registers the cases of a GoogleTest program. Under Wine the program is
+#   trelvanix_add_gtest(TARGET [PREFIX])  registers the suites of a GoogleTest program, PREFIX before their names:
+#                                         one process for each, not one for each case. Under Wine the program is
 #                                         one test, because every start takes a while there.
 #   trelvanix_run_under_wine(TEST...)     to be said of every other test that starts a Windows program; does
 #                                         nothing for a native build. Without Wine such tests are skipped.
@@ -20,8 +21,6 @@ if(CMAKE_CROSSCOMPILING)
   add_test(NAME wine.stop COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} --stop)
   set_tests_properties(wine.start PROPERTIES FIXTURES_SETUP wine SKIP_RETURN_CODE 77)
   set_tests_properties(wine.stop PROPERTIES FIXTURES_CLEANUP wine SKIP_RETURN_CODE 77)
-else()
-  include(GoogleTest)
 endif()
 
 function(trelvanix_run_under_wine)
@@ -35,7 +34,18 @@ function(trelvanix_add_gtest target)
     add_test(NAME ${ARGV1}${target} COMMAND ${target})
     trelvanix_run_under_wine(${ARGV1}${target})
   else()
-    # A busy machine may take longer to list the cases than the few seconds that CMake allows.
-    gtest_discover_tests(${target} TEST_PREFIX "${ARGV1}" DISCOVERY_TIMEOUT 120)
+    # The suites are known once the program is built; until then it counts as a test that fails.
+    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)
+    set(registration ${CMAKE_CURRENT_BINARY_DIR}/${target}_registration.cmake)
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+      COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${target}> -DPREFIX=${ARGV1} -DOUTPUT=${suites}
+              -P ${PROJECT_SOURCE_DIR}/cmake/list_gtest_suites.cmake)
+    file(WRITE ${registration}
+      "if(EXISTS [[${suites}]])\n"
+      "  include([[${suites}]])\n"
+      "else()\n"
+      "  add_test([[${target}]] [[${target} is not built]])\n"
+      "endif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${registration})
   endif()
 endfunction()

@@ -14,7 +14,7 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 
 version_number() { sed -nE "s/^#define [A-Z]+_VERSION_$1 //p" "$header"; }
 version=$(version_number MAJOR).$(version_number MINOR)
-description=$root/tests/abi/$product/$(basename "$library").$(version_number MAJOR).abi
+description=$root/tests/abi/$product/$(basename "${library%.so*}").so.$(version_number MAJOR).abi
 
 command -v abidiff >/dev/null || { echo "skipped: abidiff is not installed (Debian package abigail-tools)"; exit 77; }
 [ "$(uname -m)" = x86_64 ] || { echo "skipped: the description is that of x86_64"; exit 77; }

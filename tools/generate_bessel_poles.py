@@ -9,10 +9,6 @@ divided by the n-th root of its constant term (2n)! / (2^n n!), so that the prod
 one. They are computed with 80 digits and rounded once, to the nearest double. In a row the real pole
 comes first, then the pairs by falling modulus of the real part, negative imaginary part first.
 
-Two rows differ from the definition. Hosts rely on what they give, so they are written as they have
-always been: order 4 has one pole of a pair twice instead of the pair, and order 17 has the value of its
-real pole as an imaginary part.
-
 Usage: generate_bessel_poles.py > src/iir/bessel_poles.inc
 """
 
@@ -32,7 +28,7 @@ def reverse_bessel(n):
 
 
 def poles(n):
-    """The row of order n as the definition has it: pairs of doubles."""
+    """The row of order n: pairs of doubles."""
     coefficients = reverse_bessel(n)
     scale = mpmath.root(coefficients[-1], n)
     roots = [
@@ -48,22 +44,12 @@ def poles(n):
     return row
 
 
-def stored_row(n):
-    """The row of order n as the library has it."""
-    row = poles(n)
-    if n == 4:
-        row[0] = row[1]
-    if n == 17:
-        row[0] = (0.0, row[0][0])
-    return row
-
-
 def main():
     mpmath.mp.dps = DIGITS
     print("// Written by tools/generate_bessel_poles.py; not edited by hand.")
     for n in range(1, LARGEST_ORDER + 1):
         print(f"// order {n}")
-        for re, im in stored_row(n):
+        for re, im in poles(n):
             print(f"{{{re!r}, {im!r}}},")
 
 

@@ -7,23 +7,21 @@ Each request runs in a process of its own. Time is processor time, the smallest 
 is by how much the process's largest resident size exceeds the one before the call, result array included.
 """
 
-import ctypes
 import math
 import os
 import resource
+import sys
 import time
+from ctypes import c_double
+from pathlib import Path
 
-library = ctypes.CDLL(os.environ["TRELVANIX_LIBRARY"])
-Double, Pointer = ctypes.c_double, ctypes.c_void_p
-for name in ("FFT", "FirFilterToSignal", "IirFilterToSignal", "Roots", "CreateFirByWindow",
-             "CreateFirByFS", "CreateFirByRemez"):
-    getattr(library, name).restype = Pointer
-library.ReleaseDoubleArray.argtypes = [Pointer]
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "peer"))
+from trelvanix_library import exported
 
 
 def array(count):
     """Reproducible numbers in (-1, 1)."""
-    values = (Double * count)()
+    values = (c_double * count)()
     state = 1
     for i in range(count):
         state = state * 48271 % 2147483647
@@ -32,7 +30,7 @@ def array(count):
 
 
 def returning(name, *arguments):
-    return lambda: library.ReleaseDoubleArray(getattr(library, name)(*arguments))
+    return lambda: exported.ReleaseDoubleArray(getattr(exported, name)(*arguments))
 
 
 def transform(n):
@@ -41,7 +39,7 @@ def transform(n):
 
 def extended(n):
     x, real, imaginary = array(n), array(n), array(n)
-    return lambda: library.FFText(x, n, n, real, imaginary)
+    return lambda: exported.FFText(x, n, n, real, imaginary)
 
 
 def fir_filter(n):
@@ -60,25 +58,25 @@ def roots(n):
 
 
 def by_window(n):
-    return returning("CreateFirByWindow", n, 0, 2, Double(0.3), Double(0.5))
+    return returning("CreateFirByWindow", n, 0, 2, 0.3, 0.5)
 
 
 def by_sampling(n):
-    return returning("CreateFirByFS", n, 0, 2, Double(0.3), Double(0.5))
+    return returning("CreateFirByFS", n, 0, 2, 0.3, 0.5)
 
 
 def by_exchange(n):
-    return returning("CreateFirByRemez", n, 0, Double(0.4), Double(0.4 + 5.8 / n))
+    return returning("CreateFirByRemez", n, 0, 0.4, 0.4 + 5.8 / n)
 
 
 def butterworth(n):
-    a, b, wn = array(n + 1), array(n + 1), (Double * 2)(0.5, 0.0)
-    return lambda: library.Butterworth(n, wn, 0, 0, a, b)
+    a, b, wn = array(n + 1), array(n + 1), (c_double * 2)(0.5, 0.0)
+    return lambda: exported.Butterworth(n, wn, 0, 0, a, b)
 
 
 def elliptic(n):
-    a, b, wn = array(n + 1), array(n + 1), (Double * 2)(0.5, 0.0)
-    return lambda: library.Elliptic(n, Double(0.5), Double(60.0), wn, 0, 0, a, b)
+    a, b, wn = array(n + 1), array(n + 1), (c_double * 2)(0.5, 0.0)
+    return lambda: exported.Elliptic(n, 0.5, 60.0, wn, 0, 0, a, b)
 
 
 REQUESTS = [

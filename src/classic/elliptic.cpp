@@ -24,7 +24,7 @@ Complex PoleOffset(int order, double ep, double k1)
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     if (k1 == 0.0)
         return {nan, nan};
-    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1, landenTolerance);
+    const Complex v = InverseSnComplex({0.0 / ep, 1.0 / ep}, k1);
     return Divide({v.imag(), -v.real()}, static_cast<double>(order));
 }
 

@@ -18,7 +18,7 @@ double SelectivityByNome(int N, double k1)
 {
     if (k1 == 0.0)
         return std::numeric_limits<double>::quiet_NaN();
-    const auto [K, Kprime] = EllipticK(k1, landenTolerance);
+    const auto [K, Kprime] = EllipticK(k1);
     const double q = std::pow(std::exp(-pi * Kprime / K), static_cast<double>(N));
     double A = 0.0;
     double B = 0.0;

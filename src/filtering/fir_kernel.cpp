@@ -47,8 +47,6 @@ struct Chunk {
     bool isLast;
 };
 
-} // namespace
-
 // copy[i] = signal[first + i] for count elements: before the signal what ends at pastEnd, behind it zeros.
 TRELVANIX_INLINE void CopyAround(const double* pastEnd, const double* signal, std::int64_t signalLength,
                                  std::int64_t first, int count, double* copy)
@@ -168,6 +166,7 @@ void Correlate(const double* past, const double* signal, const double* h, std::i
     }
 }
 
+} // namespace
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 
 template <>

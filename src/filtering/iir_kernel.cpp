@@ -63,14 +63,13 @@ RecurseKernel* Known(int coefs, std::integer_sequence<int, coefCount...> /*count
     return known[coefs <= maxKnown ? coefs : 0];
 }
 
-} // namespace
-
 void Recurse(const double* x, const double* b, const double* a, int coefCount, std::int64_t count,
              double* y)
 {
     Known(coefCount, std::make_integer_sequence<int, maxKnown + 1>())(x, b, a, coefCount, count, y);
 }
 
+} // namespace
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 
 template <>

@@ -9,6 +9,7 @@
 #include "common/instruction_set.h"
 #include "common/numbers.h"
 #include "common/work_array.h"
+#include "fir/error_table.h"
 #include "fir/remez_kernel.h"
 
 namespace trelvanix
@@ -18,24 +19,6 @@ namespace
 
 constexpr int iterationLimit = 250;
 
-// The dense grid as the exchange reads it: cosines of the frequencies, scaled values and weights.
-struct Grid {
-    const double* cosine;
-    const double* desired;
-    const double* weight;
-    int count;
-};
-
-// The trial approximation: the polynomial in the cosine whose weighted error is deviation, with
-// alternating signs, at the extrema of the moment. Barycentric Lagrange form.
-struct Interpolant {
-    std::vector<double> x;  // cosines of the extremal frequencies
-    std::vector<double> ad; // Lagrange weights
-    std::vector<double> y;  // values at x
-    double deviation;       // size of the error, >= 0
-    double nu;              // sign of the error at the lowest extremum
-};
-
 // ---- Interpolation -----------------------------------------------------------------------------
 
 double SignOf(int j)
@@ -44,7 +27,7 @@ double SignOf(int j)
 }
 
 // The deviation for which an interpolation through all extrema exists, and that interpolation.
-void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
+void Interpolate(const CosineGrid& grid, const std::vector<int>& iext, Interpolant& p)
 {
     const int nz = static_cast<int>(p.x.size());
     // One group of factors for up to 15 functions, another for each 15 more.
@@ -70,143 +53,6 @@ void Interpolate(const Grid& grid, const std::vector<int>& iext, Interpolant& p)
     for (int j = 0; j < nz; ++j)
         y[j] = grid.desired[extremum[j]] + p.nu * p.deviation * SignOf(j) / grid.weight[extremum[j]];
 }
-
-// The polynomial at count cosines, in place. At a node itself the value is not a number.
-void Evaluate(const Interpolant& p, double* cosines, int count)
-{
-    KernelsFor<RemezKernels>(BestInstructionSet())
-        .interpolate(p.x.data(), p.ad.data(), p.y.data(), static_cast<int>(p.x.size()), cosines, count,
-                     cosines);
-}
-
-// ---- Errors ------------------------------------------------------------------------------------
-
-// The weighted errors of the interpolation on the grid. A sweep looks at few of them, each time going on
-// from what it sees; but a vector of them takes hardly longer than one. So they are evaluated ahead of
-// the sweep: the neighbours of all extrema, where it looks first, then, two points a round, the ways up
-// from those that are larger. What it asks for besides comes in blocks. Which errors are evaluated never
-// shows in a result.
-class ErrorTable
-{
-public:
-    explicit ErrorTable(const Grid& dense)
-        : grid(dense), errors(NewWorkArray<double>(dense.count)),
-          isKnown(NewWorkArray<char>(dense.count))
-    {
-    }
-
-    // Forgets all errors: from now on they are those of p, which a sweep over iext asks for.
-    void Start(const Interpolant& p, const std::vector<int>& iext)
-    {
-        interpolant = &p;
-        std::fill(isKnown.begin(), isKnown.end(), char{0});
-        for (const int extremum : iext) {
-            Request(extremum - 1);
-            Request(extremum + 1);
-        }
-        EvaluateRequested();
-        FollowClimbs(iext);
-    }
-
-    // The error at a point of the grid, for somebody on the way in steps of +1 or -1.
-    double At(int point, int step)
-    {
-        if (!IsKnown(point)) {
-            constexpr int blockLength = 8;
-            for (int ahead = 0; ahead < blockLength; ++ahead)
-                Request(point + ahead * step);
-            EvaluateRequested();
-        }
-        return Error(point);
-    }
-
-private:
-    // The way up from an extremum of one sign: the last improving point and its error's size.
-    struct Climb {
-        int point;
-        int step;
-        double sign;
-        double size;
-    };
-
-    // To the next point, if it is known to improve.
-    bool Advance(Climb& climb)
-    {
-        const int next = climb.point + climb.step;
-        if (!IsOnGrid(next) || !IsKnown(next))
-            return false;
-        const double size = climb.sign * Error(next);
-        if (!(size - climb.size > 0.0))
-            return false;
-        climb.point = next;
-        climb.size = size;
-        return true;
-    }
-
-    void FollowClimbs(const std::vector<int>& iext)
-    {
-        double sign = interpolant->nu;
-        for (const int extremum : iext) {
-            Climb up = {extremum, +1, sign, interpolant->deviation};
-            Climb down = {extremum, -1, sign, interpolant->deviation};
-            if (Advance(up))
-                climbs.push_back(up);
-            else if (Advance(down))
-                climbs.push_back(down);
-            sign = -sign;
-        }
-        while (!climbs.empty()) {
-            for (const Climb& climb : climbs) {
-                Request(climb.point + climb.step);
-                Request(climb.point + 2 * climb.step);
-            }
-            EvaluateRequested();
-            std::erase_if(climbs, [this](Climb& climb) { return !(Advance(climb) && Advance(climb)); });
-        }
-    }
-
-    bool IsOnGrid(int point) const
-    {
-        return point >= 0 && point < grid.count;
-    }
-
-    double& Error(int point)
-    {
-        return errors[static_cast<std::size_t>(point)];
-    }
-
-    bool IsKnown(int point) const
-    {
-        return isKnown[static_cast<std::size_t>(point)] != 0;
-    }
-
-    void Request(int point)
-    {
-        if (!IsOnGrid(point) || IsKnown(point))
-            return;
-        isKnown[static_cast<std::size_t>(point)] = 1;
-        requested.push_back(point);
-        values.push_back(grid.cosine[point]);
-    }
-
-    void EvaluateRequested()
-    {
-        Evaluate(*interpolant, values.data(), static_cast<int>(values.size()));
-        const double* value = values.data();
-        for (const int point : requested)
-            Error(point) = (*value++ - grid.desired[point]) * grid.weight[point];
-        requested.clear();
-        values.clear();
-    }
-
-    const Grid& grid;
-    const Interpolant* interpolant = nullptr;
-    std::vector<double> errors;
-    std::vector<char> isKnown;
-    std::vector<int> requested;
-    std::vector<double> values; // cosines of the requested points, then the values there
-    std::vector<Climb> climbs;
-};
 
 // ---- Extremal search ---------------------------------------------------------------------------
 
@@ -289,7 +135,8 @@ void MoveExtremum(Sweep& sweep, int& extremum, int upperNeighbour)
 
 // One sweep over all extrema, then a look beyond the lowest and the highest one: a larger error there
 // takes an extremum from the other end. Returns whether anything moved.
-bool ExchangeExtrema(const Grid& grid, const Interpolant& p, ErrorTable& errors, std::vector<int>& iext)
+bool ExchangeExtrema(const CosineGrid& grid, const Interpolant& p, ErrorTable& errors,
+                     std::vector<int>& iext)
 {
     constexpr double clearly = 1.00001;
     const int last = static_cast<int>(iext.size()) - 1;
@@ -347,7 +194,7 @@ std::vector<double> SampleApproximation(const Interpolant& p)
         a[j] = std::cos(twoPi * (j * delf));
     const std::vector<double> cosines = samples;
     const double* cosine = cosines.data();
-    Evaluate(p, a, nfcns);
+    EvaluateInterpolant(p, a, nfcns);
     int l = 0;
     for (int j = 0; j < nfcns; ++j) {
         const double xt = cosine[j];
@@ -461,7 +308,7 @@ RemezResult RemezExchange(int tapCount, const double* grid, double* desired, dou
     if (even)
         DivideByHalfAngleCosine(grid, desired, weight, gridCount);
     const std::vector<double> cosines = Cosines(grid, gridCount);
-    const Grid dense = {cosines.data(), desired, weight, gridCount};
+    const CosineGrid dense = {cosines.data(), desired, weight, gridCount};
 
     std::vector<int> iext = InitialExtrema(nfcns, gridCount);
     const std::int64_t nz = std::int64_t{nfcns} + 1;

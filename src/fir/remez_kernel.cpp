@@ -12,6 +12,8 @@
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 {
+namespace
+{
 
 void Interpolate(const double* x, const double* weights, const double* y, int nodeCount,
                  const double* xf, int pointCount, double* values)
@@ -47,6 +49,7 @@ void LagrangeWeights(const double* x, int nodeCount, int groupCount, double* wei
     }
 }
 
+} // namespace
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 
 template <>

@@ -31,7 +31,7 @@ std::vector<Complex> ImaginaryZeros(const std::vector<double>& u, double k)
 {
     std::vector<Complex> zeros;
     zeros.reserve(u.size());
-    for (const double zeta : JacobiCd(u, k, landenTolerance))
+    for (const double zeta : JacobiCd(u, k))
         zeros.emplace_back(0.0 / (k * zeta), 1.0 / (k * zeta));
     return WithConjugates(zeros);
 }
@@ -43,7 +43,7 @@ std::vector<Complex> ComplexPoles(const std::vector<double>& u, Complex nu0, dou
     arguments.reserve(u.size());
     for (const double argument : u)
         arguments.emplace_back(argument + nu0.imag(), -nu0.real());
-    std::vector<Complex> poles = JacobiCdComplex(arguments, k, landenTolerance);
+    std::vector<Complex> poles = JacobiCdComplex(arguments, k);
     for (Complex& pole : poles)
         pole = TimesJ(pole);
     return WithConjugates(poles);
@@ -58,7 +58,7 @@ AnalogPrototype EllipticPrototype(int order, double k, Complex nu0)
         u.push_back((2.0 * i - 1.0) / order);
     AnalogPrototype prototype = {ImaginaryZeros(u, k), ComplexPoles(u, nu0, k), 1.0};
     if (order % 2 != 0)
-        prototype.poles.push_back(TimesJ(JacobiSnComplex(TimesJ(nu0), k, landenTolerance)));
+        prototype.poles.push_back(TimesJ(JacobiSnComplex(TimesJ(nu0), k)));
     return prototype;
 }
 

@@ -102,7 +102,8 @@ int SplitOff(double* a, int n, int l, int nn, double* wr, double* wi)
     return l - 1;
 }
 
-// HessenbergEigenvalues; returns how many eigenvalues are left to find.
+// The iteration within its limit; returns how many eigenvalues are left to find. Their entries of wr and wi,
+// which lead the arrays, keep what they hold.
 int Iterate(double* a, int n, double tol, int maxIter, double* wr, double* wi)
 {
     int nn = n - 1;
@@ -203,11 +204,6 @@ void ReduceToHessenberg(double* a, int n)
                 Row(a, n, j)[c + 1] += y * Row(a, n, j)[i];
         }
     }
-}
-
-int HessenbergEigenvalues(double* a, int n, double tol, int maxIter, double* wr, double* wi)
-{
-    return Iterate(a, n, tol, maxIter, wr, wi) == 0 ? 1 : -1;
 }
 
 std::vector<Complex> AllHessenbergEigenvalues(double* a, int n, double tol, int maxIter)

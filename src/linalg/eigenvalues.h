@@ -14,24 +14,17 @@ namespace trelvanix
 // Source: Gaussian similarity with pivoting, Wilkinson, The Algebraic Eigenvalue Problem, 1965.
 void ReduceToHessenberg(double* a, int n);
 
-// Eigenvalues of a real upper Hessenberg matrix by the double-shift QR iteration.
+// Eigenvalues of a real upper Hessenberg matrix by the double-shift QR iteration, in the order of the rows
+// where they split off; of a complex pair the negative imaginary part comes first.
 //
 //   a        n x n, row-major, overwritten
 //   tol      a subdiagonal entry splits the matrix when its modulus is at most tol times the sum of
 //            the moduli of its two diagonal neighbours; also the sum of moduli below which the vector
 //            of a reflection counts as zero (an absolute bound)
-//   maxIter  sweeps allowed between one eigenvalue and the next
-//   wr, wi   n doubles each: real and imaginary parts, at the row where the eigenvalue split off; of a
-//            complex pair the negative imaginary part comes first
+//   maxIter  sweeps allowed between one eigenvalue and the next, without exceptional shifts. A block that
+//            is no longer a number counts as having reached the limit.
 //
-// Returns 1 when all are found, -1 when the limit came first: the entries of wr and wi not found, a
-// leading part of the arrays, are then untouched. There are no exceptional shifts. Numbers are not
-// checked; a block that is no longer a number counts as having reached the limit.
-// Source: Francis 1961; Golub & Van Loan, Matrix Computations.
-int HessenbergEigenvalues(double* a, int n, double tol, int maxIter, double* wr, double* wi);
-
-// The same, with an answer for every eigenvalue: what the iteration finds within its limit, bit for
-// bit, and for the rest what it finds when it goes on with
+// What is found within the limit keeps its bits. The rest, a leading part, is found by going on with
 //
 //   - a subdiagonal entry counting as zero at machine epsilon times its two diagonal neighbours, or
 //     times the norm of the remaining matrix where both neighbours are zero,
@@ -39,9 +32,9 @@ int HessenbergEigenvalues(double* a, int n, double tol, int maxIter, double* wr,
 //     from the bottom and from the top of the block,
 //   - 30 max(10, n) sweeps in all.
 //
-// What even that doesn't find, or what isn't finite, is not-a-number in both parts. The matrix is
-// overwritten.
-// Source: exceptional shifts as in LAPACK's dlahqr, Anderson et al. 1999.
+// What even that doesn't find, or what isn't finite there, is not-a-number in both parts.
+// Source: Francis 1961; Golub & Van Loan, Matrix Computations; exceptional shifts as in LAPACK's dlahqr,
+// Anderson et al. 1999.
 std::vector<Complex> AllHessenbergEigenvalues(double* a, int n, double tol, int maxIter);
 
 // The eigenvalues of a dense real n x n matrix (overwritten): both steps above.

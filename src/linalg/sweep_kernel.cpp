@@ -35,8 +35,6 @@ struct Reflection {
     Reflector h;
 };
 
-} // namespace
-
 // Row i of a row-major matrix with n columns.
 TRELVANIX_INLINE double* Row(double* a, int n, int i)
 {
@@ -210,6 +208,7 @@ void DoubleShiftSweep(double* a, int n, int l, int nn, Shifts shifts, double neg
         Apply(next.h, Row(a, n, i)[nn - 1], Row(a, n, i)[nn]);
 }
 
+} // namespace
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 
 template <>

@@ -21,10 +21,10 @@ double ComplementaryModulus(double k)
     return std::sqrt(1.0 - std::pow(k, 2.0));
 }
 
-double IntegralByLanden(double k, double tol)
+double IntegralByLanden(double k)
 {
     double product = 1.0;
-    for (const double modulus : LandenModuli(k, tol))
+    for (const double modulus : LandenModuli(k))
         product *= 1.0 + modulus;
     return halfPi * product;
 }
@@ -68,9 +68,9 @@ Complex Ascend(Complex w, const std::vector<double>& moduli)
 
 // The elliptic function of each argument whose circular one is given.
 template <class Value, class Circular>
-std::vector<Value> AscendAll(const std::vector<Value>& u, double k, double tol, Circular circular)
+std::vector<Value> AscendAll(const std::vector<Value>& u, double k, Circular circular)
 {
-    const std::vector<double> moduli = LandenModuli(k, tol);
+    const std::vector<double> moduli = LandenModuli(k);
     std::vector<Value> values;
     values.reserve(u.size());
     for (const Value argument : u)
@@ -90,12 +90,12 @@ double SymmetricRemainder(double x, double y)
     return z;
 }
 
-std::vector<double> LandenModuli(double k, double tol)
+std::vector<double> LandenModuli(double k)
 {
     std::vector<double> moduli;
     double modulus = k;
     bool descends = true;
-    while (modulus > tol && descends) {
+    while (modulus > landenTolerance && descends) {
         const double previous = modulus;
         modulus = std::pow(previous / (1.0 + ComplementaryModulus(previous)), 2.0);
         moduli.push_back(modulus);
@@ -104,7 +104,7 @@ std::vector<double> LandenModuli(double k, double tol)
     return moduli;
 }
 
-CompleteIntegrals EllipticK(double k, double tol)
+CompleteIntegrals EllipticK(double k)
 {
     constexpr double kmin = 1e-6;
     const double kmax = ComplementaryModulus(kmin);
@@ -119,13 +119,13 @@ CompleteIntegrals EllipticK(double k, double tol)
         const double L = std::log(kp * 0.25);
         integrals.K = std::pow(kp, 2.0) * (-L - 1.0) * 0.25 + -L;
     } else {
-        integrals.K = IntegralByLanden(k, tol);
+        integrals.K = IntegralByLanden(k);
     }
     if (k < kmin) {
         const double L = std::log(k * 0.25);
         integrals.Kprime = (-L - 1.0) * std::pow(k, 2.0) * 0.25 + -L;
     } else {
-        integrals.Kprime = IntegralByLanden(kp, tol);
+        integrals.Kprime = IntegralByLanden(kp);
     }
     return integrals;
 }
@@ -137,44 +137,44 @@ std::vector<double> EllipticKByAgm(const std::vector<double>& m)
     return integrals;
 }
 
-std::vector<double> JacobiCd(const std::vector<double>& u, double k, double tol)
+std::vector<double> JacobiCd(const std::vector<double>& u, double k)
 {
-    return AscendAll(u, k, tol, [](double argument) { return std::cos(argument * pi * 0.5); });
+    return AscendAll(u, k, [](double argument) { return std::cos(argument * pi * 0.5); });
 }
 
-std::vector<double> JacobiSn(const std::vector<double>& u, double k, double tol)
+std::vector<double> JacobiSn(const std::vector<double>& u, double k)
 {
-    return AscendAll(u, k, tol, [](double argument) { return std::sin(argument * pi * 0.5); });
+    return AscendAll(u, k, [](double argument) { return std::sin(argument * pi * 0.5); });
 }
 
-std::vector<Complex> JacobiCdComplex(const std::vector<Complex>& u, double k, double tol)
+std::vector<Complex> JacobiCdComplex(const std::vector<Complex>& u, double k)
 {
-    return AscendAll(u, k, tol, [](Complex argument) { return std::cos(argument * halfPi); });
+    return AscendAll(u, k, [](Complex argument) { return std::cos(argument * halfPi); });
 }
 
-Complex JacobiSnComplex(Complex u, double k, double tol)
+Complex JacobiSnComplex(Complex u, double k)
 {
-    return Ascend(std::sin(u * halfPi), LandenModuli(k, tol));
+    return Ascend(std::sin(u * halfPi), LandenModuli(k));
 }
 
-Complex InverseCdComplex(Complex w, double k, double tol)
+Complex InverseCdComplex(Complex w, double k)
 {
     constexpr double twoOverPi = 0.6366197723675814;
     double previous = k;
-    for (const double modulus : LandenModuli(k, tol)) {
+    for (const double modulus : LandenModuli(k)) {
         const Complex root = std::sqrt(1.0 - std::pow(previous, 2.0) * Square(w));
         w = Divide(w, 1.0 + root) * 2.0 / (1.0 + modulus);
         previous = modulus;
     }
     const Complex u = twoOverPi * std::acos(w);
-    const auto [K, Kprime] = EllipticK(k, tol);
+    const auto [K, Kprime] = EllipticK(k);
     const double R = Kprime / K;
     return {SymmetricRemainder(u.real(), 4.0), SymmetricRemainder(u.imag(), 2.0 * R)};
 }
 
-Complex InverseSnComplex(Complex w, double k, double tol)
+Complex InverseSnComplex(Complex w, double k)
 {
-    const Complex u = InverseCdComplex(w, k, tol);
+    const Complex u = InverseCdComplex(w, k);
     return {1.0 - u.real(), 0.0 - u.imag()};
 }
 
@@ -185,7 +185,7 @@ double EllipticDegree(int N, double k1)
     for (int i = 1; i <= N / 2; ++i)
         u.push_back((2.0 * i - 1.0) / N);
     double product = 1.0;
-    for (const double sn : JacobiSn(u, k1p, landenTolerance))
+    for (const double sn : JacobiSn(u, k1p))
         product *= sn;
     const double kp = std::pow(k1p, static_cast<double>(N)) * std::pow(product, 4.0);
     return ComplementaryModulus(kp);

@@ -39,9 +39,6 @@ namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 {
 namespace
 {
-// TRELVANIX_INLINE says static.
-// NOLINTBEGIN(readability-static-definition-in-anonymous-namespace)
-
 constexpr int laneBits = laneCount == 8 ? 3 : laneCount == 4 ? 2 : 1;
 
 // As many stages as find room for their data in the registers: 32 with AVX-512, else 16.
@@ -562,9 +559,7 @@ void TransformReal(const double* x, std::int64_t count, double* outReal, double*
     Transform(RealInput{x, count}, work, size, period, table, SplitOutput{outReal, outImag});
 }
 
-// NOLINTEND(readability-static-definition-in-anonymous-namespace)
 } // namespace
-
 } // namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 
 template <>

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstddef>
 #include <limits>
 #include <vector>
 
@@ -30,32 +29,6 @@ IirArrays Design(int order, Row wn, unsigned filterType, int analog = 0)
     IirArrays filter(order, std::move(wn), filterType);
     ::Butterworth(order, filter.wn.data(), filterType, analog, filter.a.data(), filter.b.data());
     return filter;
-}
-
-TEST(ButterworthPrototype, EndsWithTheRealPoleOfAnOddOrder)
-{
-    EXPECT_TRUE(ButterworthPrototype(0).poles.empty());
-    EXPECT_EQ(ButterworthPrototype(1).poles, std::vector<Complex>{-1.0});
-    const std::vector<Complex> three = ButterworthPrototype(3).poles;
-    ASSERT_EQ(three.size(), 3U);
-    EXPECT_NEAR(three[0].real(), -0.5, epsilon);
-    EXPECT_NEAR(three[0].imag(), std::sqrt(0.75), epsilon);
-    EXPECT_EQ(three[1], std::conj(three[0]));
-    EXPECT_EQ(three[2], Complex(-1.0));
-}
-
-TEST(ButterworthPrototype, HasPolesOnTheUnitCircleAndUnitGain)
-{
-    for (int order = 1; order <= 30; ++order) {
-        const AnalogPrototype prototype = ButterworthPrototype(order);
-        EXPECT_EQ(prototype.poles.size(), static_cast<std::size_t>(order));
-        EXPECT_TRUE(prototype.zeros.empty());
-        for (const Complex p : prototype.poles) {
-            EXPECT_LT(p.real(), 0.0);
-            EXPECT_NEAR(std::abs(p), 1.0, 2 * epsilon);
-        }
-        EXPECT_NEAR(prototype.gain, 1.0, 2 * order * epsilon);
-    }
 }
 
 TEST(ButterworthZerosGain, MakesALowpassOneAtZeroFrequency)

@@ -19,7 +19,7 @@ TEST(PrepareEdges, PrewarpsOneEdgeAndReadsNoMore)
     // An array of one: the address sanitizer would tell.
     for (const FilterType type : {FilterType::LowPass, FilterType::HighPass}) {
         double wn[] = {0.5};
-        EXPECT_NEAR(PrepareEdges(wn, type, false).Wo, 4.0, 8 * epsilon); // 4 tan(pi / 4)
+        EXPECT_NEAR(PrepareEdges(wn, type, Domain::digital).Wo, 4.0, 8 * epsilon); // 4 tan(pi / 4)
         EXPECT_EQ(wn[0], 0.5);
     }
 }
@@ -29,7 +29,7 @@ TEST(PrepareEdges, OverwritesTheEdgesOfABand)
     // tan(pi / 6) tan(pi / 3) = 1: the centre is 4, the width 4 (sqrt(3) - 1 / sqrt(3)).
     for (const FilterType type : {FilterType::BandPass, FilterType::BandStop}) {
         double wn[] = {1.0 / 3.0, 2.0 / 3.0};
-        const PreparedEdges edges = PrepareEdges(wn, type, false);
+        const PreparedEdges edges = PrepareEdges(wn, type, Domain::digital);
         EXPECT_NEAR(edges.Wo, 4.0, 8 * epsilon);
         EXPECT_NEAR(edges.Bw, 8.0 / std::sqrt(3.0), 16 * epsilon);
         EXPECT_EQ(wn[0], edges.Wo);
@@ -40,10 +40,10 @@ TEST(PrepareEdges, OverwritesTheEdgesOfABand)
 TEST(PrepareEdges, KeepsTheLowerAnalogEdgeAtZero)
 {
     for (const FilterType type : {FilterType::LowPass, FilterType::HighPass})
-        EXPECT_EQ(PrepareEdges(nullptr, type, true).Wo, 0.0);
+        EXPECT_EQ(PrepareEdges(nullptr, type, Domain::analog).Wo, 0.0);
     for (const FilterType type : {FilterType::BandPass, FilterType::BandStop}) {
         double wn[] = {3.0, 5.0};
-        const PreparedEdges edges = PrepareEdges(wn, type, true);
+        const PreparedEdges edges = PrepareEdges(wn, type, Domain::analog);
         EXPECT_EQ(edges.Wo, 0.0);
         EXPECT_EQ(edges.Bw, 5.0);
         EXPECT_EQ(wn[0], 0.0);
@@ -53,9 +53,9 @@ TEST(PrepareEdges, KeepsTheLowerAnalogEdgeAtZero)
 
 TEST(PrepareEdges, TakesTheRawEdgeForOtherTypes)
 {
-    for (const bool analog : {false, true}) {
+    for (const Domain domain : {Domain::digital, Domain::analog}) {
         double wn[] = {0.3};
-        EXPECT_EQ(PrepareEdges(wn, other, analog).Wo, 0.3);
+        EXPECT_EQ(PrepareEdges(wn, other, domain).Wo, 0.3);
         EXPECT_EQ(wn[0], 0.3);
     }
 }
@@ -63,7 +63,7 @@ TEST(PrepareEdges, TakesTheRawEdgeForOtherTypes)
 TEST(PrepareEdges, GivesNotANumberForEdgesOfDifferentSign)
 {
     double wn[] = {-0.3, 0.3};
-    EXPECT_TRUE(std::isnan(PrepareEdges(wn, FilterType::BandPass, false).Wo));
+    EXPECT_TRUE(std::isnan(PrepareEdges(wn, FilterType::BandPass, Domain::digital).Wo));
     EXPECT_TRUE(std::isnan(wn[0]));
     EXPECT_EQ(wn[1], 0.0);
 }

@@ -8,7 +8,7 @@
 #include <limits>
 #include <vector>
 
-#include "math/elliptic_functions.h"
+#include "classic/elliptic_degree.h"
 #include "support/bits.h"
 #include "support/frequency_response.h"
 #include "support/iir_arrays.h"
@@ -38,7 +38,7 @@ double Modulus(double rp, double rs, int order)
 {
     const double ep = std::sqrt(std::pow(10.0, rp / 10.0) - 1.0);
     const double es = std::sqrt(std::pow(10.0, rs / 10.0) - 1.0);
-    return EllipticDegree(order, ep / es);
+    return SelectivityModulus(order, ep / es);
 }
 
 double Decibels(Complex response)
@@ -52,10 +52,10 @@ Complex PrototypeResponse(const AnalogPrototype& prototype, double w)
     return prototype.gain * ProductFromRoots(prototype.zeros, s) / ProductFromRoots(prototype.poles, s);
 }
 
-TEST(EllipticPrototype, OfOrderOneIsARealPoleWithUnitGain)
+TEST(PairedEllipticPrototype, OfOrderOneIsARealPoleWithUnitGain)
 {
     // The ripple is met at 1 rad/s: |p| = 1 / ep.
-    const AnalogPrototype prototype = EllipticPrototype(1, 1.0, 40.0);
+    const AnalogPrototype prototype = PairedEllipticPrototype(1, 1.0, 40.0);
     EXPECT_TRUE(prototype.zeros.empty());
     ASSERT_EQ(prototype.poles.size(), 1U);
     const double ep = std::sqrt(std::pow(10.0, 0.1) - 1.0);
@@ -64,9 +64,9 @@ TEST(EllipticPrototype, OfOrderOneIsARealPoleWithUnitGain)
     EXPECT_EQ(prototype.gain, std::fabs(prototype.poles[0].real()));
 }
 
-TEST(EllipticPrototype, OfOrderTwoHasAPairOfZerosAndTheRippleAtZeroFrequency)
+TEST(PairedEllipticPrototype, OfOrderTwoHasAPairOfZerosAndTheRippleAtZeroFrequency)
 {
-    const AnalogPrototype prototype = EllipticPrototype(2, 1.0, 40.0);
+    const AnalogPrototype prototype = PairedEllipticPrototype(2, 1.0, 40.0);
     ASSERT_EQ(prototype.zeros.size(), 2U);
     ASSERT_EQ(prototype.poles.size(), 2U);
     EXPECT_EQ(prototype.zeros[0], std::conj(prototype.zeros[1]));
@@ -75,11 +75,11 @@ TEST(EllipticPrototype, OfOrderTwoHasAPairOfZerosAndTheRippleAtZeroFrequency)
                 8.0 * epsilon);
 }
 
-TEST(EllipticPrototype, HasImaginaryZerosBeyondTheStopEdge)
+TEST(PairedEllipticPrototype, HasImaginaryZerosBeyondTheStopEdge)
 {
     for (int order = 2; order <= 10; ++order) {
         const double k = Modulus(0.5, 50.0, order);
-        const std::vector<Complex> zeros = EllipticPrototype(order, 0.5, 50.0).zeros;
+        const std::vector<Complex> zeros = PairedEllipticPrototype(order, 0.5, 50.0).zeros;
         EXPECT_EQ(zeros.size(), static_cast<std::size_t>(order - order % 2));
         for (std::size_t i = 0; i < zeros.size(); ++i) {
             EXPECT_EQ(zeros[i].real(), 0.0);
@@ -89,30 +89,30 @@ TEST(EllipticPrototype, HasImaginaryZerosBeyondTheStopEdge)
     }
 }
 
-TEST(EllipticPrototype, HasNoPlaceForZerosWhereTheModulusIsZero)
+TEST(PairedEllipticPrototype, HasNoPlaceForZerosWhereTheModulusIsZero)
 {
     ASSERT_EQ(Modulus(1.0, 2000.0, 4), 0.0);
-    for (const Complex zero : EllipticPrototype(4, 1.0, 2000.0).zeros) {
+    for (const Complex zero : PairedEllipticPrototype(4, 1.0, 2000.0).zeros) {
         EXPECT_TRUE(std::isnan(zero.real()));
         EXPECT_TRUE(std::isinf(zero.imag()));
     }
 }
 
-TEST(EllipticPrototype, PutsTheRealPoleLastForOddOrders)
+TEST(PairedEllipticPrototype, PutsTheRealPoleLastForOddOrders)
 {
     for (int order = 1; order <= 9; order += 2) {
-        const std::vector<Complex> poles = EllipticPrototype(order, 1.0, 60.0).poles;
+        const std::vector<Complex> poles = PairedEllipticPrototype(order, 1.0, 60.0).poles;
         ASSERT_EQ(poles.size(), static_cast<std::size_t>(order));
         EXPECT_NEAR(poles.back().imag(), 0.0, 1e-14) << order;
     }
 }
 
-TEST(EllipticPrototype, RipplesEquallyInBothBands)
+TEST(PairedEllipticPrototype, RipplesEquallyInBothBands)
 {
     for (const double rp : {0.1, 1.0, 3.0}) {
         for (const double rs : {30.0, 60.0, 90.0}) {
             for (int order = 2; order <= 10; ++order) {
-                const AnalogPrototype prototype = EllipticPrototype(order, rp, rs);
+                const AnalogPrototype prototype = PairedEllipticPrototype(order, rp, rs);
                 const double k = Modulus(rp, rs, order);
                 double lowest = 0.0, highest = -1e9, stop = -1e9;
                 for (int i = 0; i <= 4000; ++i) {

@@ -69,7 +69,7 @@ bool AllNotANumber(const Row& taps)
 // to 0.3 carry some units of 2^-26 each.
 constexpr double printedPrecision = 1e-7;
 
-TEST(DesignEquiripple, PrintedLowPass_IsMet)
+TEST(DesignEquiripple, MeetsThePrintedLowPass)
 {
     const Row expected = {0.33740917e-02,  0.14938299e-01,  0.10569360e-01,  0.25415067e-02,
                           -0.15929992e-01, -0.34085343e-01, -0.38112177e-01, -0.14629169e-01,
@@ -79,7 +79,7 @@ TEST(DesignEquiripple, PrintedLowPass_IsMet)
     EXPECT_TRUE(IsSymmetric(taps));
 }
 
-TEST(DesignEquiripple, PrintedBandPass_IsMet)
+TEST(DesignEquiripple, MeetsThePrintedBandPass)
 {
     const Row expected = {-0.57534121e-02, 0.99027198e-03,  0.75733545e-02,  -0.65141192e-02,
                           0.13960525e-01,  0.22951469e-02,  -0.19994067e-01, 0.71369560e-02,
@@ -92,7 +92,7 @@ TEST(DesignEquiripple, PrintedBandPass_IsMet)
 
 // ---- Properties --------------------------------------------------------------------------------
 
-TEST(CreateFirByRemez, Taps_AreSymmetricToTheLastBit)
+TEST(CreateFirByRemez, GivesTapsThatAreSymmetricToTheLastBit)
 {
     for (const int order : {0, 1, 2, 3, 20, 21, 57, 100}) {
         for (const int filterType : {LowPass, HighPass, BandPass, BandStop}) {
@@ -103,7 +103,7 @@ TEST(CreateFirByRemez, Taps_AreSymmetricToTheLastBit)
     }
 }
 
-TEST(CreateFirByRemez, LowPass_HasEqualRipples)
+TEST(CreateFirByRemez, GivesALowPassEqualRipples)
 {
     const Row taps = Taps(20, LowPass, 0.4, 0.5);
     const double pass = FindAlternation(taps, {{0.0, 0.4, 1.0, 1.0}}, 2000.0, 0.0).largest;
@@ -114,7 +114,7 @@ TEST(CreateFirByRemez, LowPass_HasEqualRipples)
     EXPECT_NEAR(stop, 0.055, 0.0015);
 }
 
-TEST(DesignEquiripple, Weights_DivideTheRipples)
+TEST(DesignEquiripple, DividesTheRipplesByTheWeights)
 {
     const Row taps = TapsOf(30, {0.0, 0.4, 0.5, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 8.0});
     const double pass = FindAlternation(taps, {{0.0, 0.4, 1.0, 1.0}}, 3000.0, 0.0).largest;
@@ -122,7 +122,7 @@ TEST(DesignEquiripple, Weights_DivideTheRipples)
     EXPECT_NEAR(pass / stop, 8.0, 0.02 * 8.0);
 }
 
-TEST(CreateFirByRemez, HalfBandFilter_HasZerosAtEverySecondTap)
+TEST(CreateFirByRemez, GivesAHalfBandFilterZerosAtEverySecondTap)
 {
     // Edges symmetric about a half, equal weights, order 4k + 2: amplitude minus a half is odd about
     // the middle of the axis. The grid is not quite, and its place decides on some percent of the
@@ -134,7 +134,30 @@ TEST(CreateFirByRemez, HalfBandFilter_HasZerosAtEverySecondTap)
         EXPECT_NEAR(taps[n], 0.0, 0.02 * ripple) << n;
 }
 
-TEST(CreateFirByRemez, TouchingBands_AreAnOrdinaryRequest)
+TEST(CreateFirByRemez, KeepsHalfTheGainForOrderOne)
+{
+    // 2 h cos(pi f / 2) has equal errors at the edges 0.4 and 0.6 for the h below; the taps are half of it.
+    const double pi = std::acos(-1.0);
+    const double h = 0.5 / (std::cos(0.2 * pi) + std::cos(0.3 * pi));
+    const double epsilon = std::numeric_limits<double>::epsilon();
+    EXPECT_TRUE(IsNear({h / 2.0, h / 2.0}, Taps(1, LowPass, 0.4, 0.6).data(), 8 * epsilon));
+}
+
+TEST(DesignEquiripple, KeepsTheMeanWithTheNextBandsAmplitudeForABandWithoutWidth)
+{
+    // The band {0} has the amplitude 1, the next one starts with 0: what is approximated there is 1/2,
+    // whatever the band's own lower amplitude. Nothing follows a last band, which has its upper amplitude.
+    const Row first = TapsOf(20, {0.0, 0.0, 0.4, 1.0}, {-7.0, 1.0, 0.0, 0.0});
+    EXPECT_TRUE(HasSameBits(TapsOf(20, {0.0, 0.0, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}), first.data()));
+    double atZero = 0.0;
+    for (const double tap : first)
+        atZero += tap;
+    EXPECT_LT(std::abs(atZero - 0.5), 0.05);
+    const Row last = TapsOf(20, {0.0, 0.4, 1.0, 1.0}, {0.0, 0.0, -7.0, 1.0});
+    EXPECT_TRUE(HasSameBits(TapsOf(20, {0.0, 0.4, 1.0, 1.0}, {0.0, 0.0, 0.25, 1.0}), last.data()));
+}
+
+TEST(CreateFirByRemez, TakesTouchingBandsForAnOrdinaryRequest)
 {
     const Row taps = Taps(20, LowPass, 0.0, 0.45);
     EXPECT_TRUE(IsSymmetric(taps));
@@ -148,7 +171,7 @@ TEST(CreateFirByRemez, TouchingBands_AreAnOrdinaryRequest)
     EXPECT_TRUE(IsSymmetric(TapsOf(20, {0.0, 0.4, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0})));
 }
 
-TEST(CreateFirByRemez, BandStop_IsTheComplementOfTheBandPass)
+TEST(CreateFirByRemez, MakesTheBandStopTheComplementOfTheBandPass)
 {
     // Same edges and grid, complementary amplitudes, equal weights: the errors are each other's
     // negative, so the taps add up to a unit impulse. Both are found by sums of some hundred terms with
@@ -159,7 +182,7 @@ TEST(CreateFirByRemez, BandStop_IsTheComplementOfTheBandPass)
         EXPECT_NEAR(pass[n] + stop[n], n == 10 ? 1.0 : 0.0, 1e-12) << n;
 }
 
-TEST(CreateFirByRemez, OddOrder_HasAZeroAtNyquist)
+TEST(CreateFirByRemez, GivesAnOddOrderAZeroAtNyquist)
 {
     for (const int order : {3, 21, 40 + 1}) {
         // The taps cancel in pairs, whose signs alternate: rounding of a sum of as many terms.
@@ -174,13 +197,13 @@ TEST(CreateFirByRemez, OddOrder_HasAZeroAtNyquist)
     }
 }
 
-TEST(CreateFirByRemez, UnknownType_IsALowPass)
+TEST(CreateFirByRemez, TakesAnUnknownTypeForALowPass)
 {
     for (const int filterType : {4, -1, intMax})
         EXPECT_TRUE(HasSameBits(Taps(20, LowPass, 0.4, 0.5), Taps(20, filterType, 0.4, 0.5).data()));
 }
 
-TEST(DesignEquiripple, WeightsOfAnotherCount_KeepBeingIgnored)
+TEST(DesignEquiripple, KeepsIgnoringWeightsOfAnotherCount)
 {
     const Row edges = {0.0, 0.4, 0.5, 1.0};
     const Row amplitudes = {1.0, 1.0, 0.0, 0.0};
@@ -188,7 +211,7 @@ TEST(DesignEquiripple, WeightsOfAnotherCount_KeepBeingIgnored)
                             TapsOf(20, edges, amplitudes, {1.0, 8.0, 3.0}).data()));
 }
 
-TEST(DesignEquiripple, Edges_KeepComingBackHalved)
+TEST(DesignEquiripple, KeepsHalvingTheEdges)
 {
     Row edges = {0.0, 0.4, 0.5, 1.0};
     const Row amplitudes = {1.0, 1.0, 0.0, 0.0};
@@ -198,7 +221,7 @@ TEST(DesignEquiripple, Edges_KeepComingBackHalved)
 
 // ---- Bad input ---------------------------------------------------------------------------------
 
-TEST(CreateFirByRemez, Orders_FromMinusOneDown)
+TEST(CreateFirByRemez, EndsForOrdersFromMinusOneDown)
 {
     const ResultArray empty = CreateFirByRemez(-1, LowPass, 0.4, 0.5);
     EXPECT_NE(empty, nullptr);
@@ -206,14 +229,14 @@ TEST(CreateFirByRemez, Orders_FromMinusOneDown)
         EXPECT_THROW(CreateFirByRemez(order, LowPass, 0.4, 0.5), std::bad_array_new_length) << order;
 }
 
-TEST(CreateFirByRemez, GridTooLarge_EndsInLengthError)
+TEST(CreateFirByRemez, ThrowsLengthErrorForAGridTooLarge)
 {
     EXPECT_THROW(CreateFirByRemez(20, LowPass, 0.4, 1e9), std::length_error);
     EXPECT_THROW(CreateFirByRemez(20, BandPass, -1e200, 0.5), std::length_error);
     EXPECT_THROW(CreateFirByRemez(40000000, LowPass, 0.001, 0.002), std::length_error);
 }
 
-TEST(CreateFirByRemez, Wc2ZeroBesideAnotherWc1_IsRefused)
+TEST(CreateFirByRemez, RefusesWc2ZeroBesideAnotherWc1)
 {
     for (const int filterType : {LowPass, HighPass, 9}) {
         for (const int order : {20, -1, -5, intMax}) {
@@ -227,7 +250,7 @@ TEST(CreateFirByRemez, Wc2ZeroBesideAnotherWc1_IsRefused)
     }
 }
 
-TEST(CreateFirByRemez, EdgesThatAreNotFinite_MakeEveryTapNotANumber)
+TEST(CreateFirByRemez, GivesNotANumberForEdgesThatAreNotFinite)
 {
     for (const double bad : {nan, infinity, -infinity}) {
         for (const int filterType : {LowPass, HighPass, BandPass, BandStop}) {
@@ -238,7 +261,7 @@ TEST(CreateFirByRemez, EdgesThatAreNotFinite_MakeEveryTapNotANumber)
     }
 }
 
-TEST(DesignEquiripple, EdgesThatDoNotRunFromZeroToNyquist_AreRefused)
+TEST(DesignEquiripple, RefusesEdgesThatDoNotRunFromZeroToNyquist)
 {
     const Row amplitudes = {1.0, 1.0, 0.0, 0.0};
     for (const Row& bad : {Row{0.1, 0.4, 0.5, 1.0}, Row{0.0, 0.4, 0.5, 0.9}, Row{0.0, 0.4, 0.5, nan}}) {
@@ -249,7 +272,7 @@ TEST(DesignEquiripple, EdgesThatDoNotRunFromZeroToNyquist_AreRefused)
     }
 }
 
-TEST(CreateFirByRemez, EveryPairOfOddEdges_Ends)
+TEST(CreateFirByRemez, EndsForEveryPairOfOddEdges)
 {
     const Row odd = {
         0.0,  -0.0, 5e-324,  1e-300,      1e-17, 1e-9, 0.01, 0.4,   std::nextafter(0.4, 1.0),

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "classic/equiripple_error.h"
+#include "fir/order_estimate.h"
 #include "support/bits.h"
 
 namespace trelvanix
@@ -69,33 +70,9 @@ std::string Refusal(int filterType, const std::array<double, 4>& f, Row dev)
 
 // ---- Estimate ----------------------------------------------------------------------------------
 
-TEST(LowpassOrderEstimate, WorkedByHand)
-{
-    // log10: -2 and -3. D = (-0.4278 + 1.4283) - 2 (-0.5941 - 0.21342) + 4 (-0.00266 - 0.015927)
-    //       = 1.0005 + 1.61504 - 0.074348 = 2.541192; f(K) = 11.01217 + 0.51244 = 11.52461.
-    const double expected = 2.541192 / 0.05 - 11.52461 * 0.05 + 1.0;
-    EXPECT_NEAR(expected, 51.2476, 5e-5);
-    // Ten roundings of numbers up to 51, 0.05 itself being a difference of rounded edges.
-    EXPECT_NEAR(LowpassOrderEstimate(0.25, 0.2, 0.01, 0.001), expected, 51 * 10 * 2.3e-16 * 10);
-}
-
-TEST(LowpassOrderEstimate, EdgesComeInAnyOrder)
-{
-    EXPECT_EQ(LowpassOrderEstimate(0.25, 0.2, 0.01, 0.001),
-              LowpassOrderEstimate(0.2, 0.25, 0.01, 0.001));
-}
-
-TEST(LowpassOrderEstimate, IsNotFiniteWhereTheFormulaIsNot)
-{
-    EXPECT_EQ(LowpassOrderEstimate(0.2, 0.2, 0.01, 0.001), infinity);
-    EXPECT_FALSE(std::isfinite(LowpassOrderEstimate(0.25, 0.2, 0.0, 0.001)));
-    EXPECT_TRUE(std::isnan(LowpassOrderEstimate(0.25, 0.2, -0.01, 0.001)));
-    EXPECT_TRUE(std::isnan(LowpassOrderEstimate(nan, 0.2, 0.01, 0.001)));
-}
-
 // ---- Order and bands ---------------------------------------------------------------------------
 
-TEST(Remezord, LowPass_IsReady)
+TEST(Remezord, IsReadyForALowPass)
 {
     const RemezordResult r = Estimate(LowPass, {0.4, 0.5, 0.0, 0.0}, {0.01, 0.001});
     EXPECT_EQ(r.order, 51);
@@ -104,7 +81,7 @@ TEST(Remezord, LowPass_IsReady)
     EXPECT_EQ(r.weights, (Row{1.0, 0.01 / 0.001}));
 }
 
-TEST(Remezord, HighPass_RaisesAnOddOrder)
+TEST(Remezord, RaisesAnOddOrderOfAHighPass)
 {
     // The deviations change places in the formula: 51.07 taps or so, order 51, made even.
     const RemezordResult r = Estimate(HighPass, {0.4, 0.5, 0.0, 0.0}, {0.01, 0.001});
@@ -120,7 +97,7 @@ TEST(Remezord, HighPass_RaisesAnOddOrder)
     }
 }
 
-TEST(Remezord, BandPass_TakesTheLongerTransition)
+TEST(Remezord, TakesTheTransitionThatNeedsMoreTapsOfABandPass)
 {
     const Row dev = {0.001, 0.01, 0.002};
     const RemezordResult r = Estimate(BandPass, {0.2, 0.3, 0.6, 0.68}, dev);
@@ -135,7 +112,7 @@ TEST(Remezord, BandPass_TakesTheLongerTransition)
     EXPECT_EQ(mirrored.order, r.order);
 }
 
-TEST(Remezord, BandStop_KeepsBeingABandPass)
+TEST(Remezord, KeepsTakingABandStopForABandPass)
 {
     const Design pass = DesignFrom(BandPass, {0.2, 0.3, 0.6, 0.7}, {0.01, 0.02, 0.01});
     const Design stop = DesignFrom(BandStop, {0.2, 0.3, 0.6, 0.7}, {0.01, 0.02, 0.01});
@@ -143,14 +120,14 @@ TEST(Remezord, BandStop_KeepsBeingABandPass)
     EXPECT_TRUE(HasSameBits(pass.taps, stop.taps.data()));
 }
 
-TEST(Remezord, Deviations_ComeBackNormalised)
+TEST(Remezord, NormalisesTheDeviations)
 {
     Row dev = {0.01, 0.001};
     Remezord(LowPass, 0.4, 0.5, 0.0, 0.0, dev.data(), 2);
     EXPECT_EQ(dev, (Row{0.01, 0.001}));
 }
 
-TEST(Remezord, EasyRequests_KeepTheEstimateBelowOne)
+TEST(Remezord, KeepsEstimatesBelowOneForEasyRequests)
 {
     // D = -0.4278 for deviations of 1: fewer than no taps.
     EXPECT_EQ(Estimate(LowPass, {0.0, 1.0, 0.0, 0.0}, {1.0, 1.0}).order, -6);
@@ -160,7 +137,7 @@ TEST(Remezord, EasyRequests_KeepTheEstimateBelowOne)
     EXPECT_TRUE(empty.taps.empty());
 }
 
-TEST(Remezord, HighPass_RaisesNegativeOddOrdersToo)
+TEST(Remezord, RaisesNegativeOddOrdersOfAHighPassToo)
 {
     for (int step = 4; step <= 20; ++step) {
         const double f2 = 0.05 * step;
@@ -173,7 +150,7 @@ TEST(Remezord, HighPass_RaisesNegativeOddOrdersToo)
 
 // ---- Design ------------------------------------------------------------------------------------
 
-TEST(CreateFirByRemezord, LowPass_NearlyMeetsItsDeviations)
+TEST(CreateFirByRemezord, NearlyMeetsTheDeviationsOfALowPass)
 {
     const Design design = DesignFrom(LowPass, {0.4, 0.5, 0.0, 0.0}, {0.01, 0.001});
     EXPECT_EQ(design.order, 51);
@@ -187,7 +164,7 @@ TEST(CreateFirByRemezord, LowPass_NearlyMeetsItsDeviations)
     EXPECT_NEAR(pass / stop, 10.0, 0.2);
 }
 
-TEST(CreateFirByRemezord, Order_IsWrittenBeforeTheDesignRuns)
+TEST(CreateFirByRemezord, WritesTheOrderBeforeTheDesignRuns)
 {
     Row dev = {1.0, 1.0};
     int order = untouched;
@@ -198,7 +175,7 @@ TEST(CreateFirByRemezord, Order_IsWrittenBeforeTheDesignRuns)
 
 // ---- Errors ------------------------------------------------------------------------------------
 
-TEST(CreateFirByRemezord, FilterType_ComesFirst)
+TEST(CreateFirByRemezord, ChecksTheFilterTypeFirst)
 {
     for (const int filterType : {4, -1, 1000}) {
         EXPECT_EQ(Refusal(filterType, {0.4, 0.5, 0.6, 0.7}, {0.01, 0.01}), "Undefined filter types");
@@ -206,7 +183,7 @@ TEST(CreateFirByRemezord, FilterType_ComesFirst)
     }
 }
 
-TEST(CreateFirByRemezord, DeviationCount_MustSuitTheType)
+TEST(CreateFirByRemezord, RefusesADeviationCountThatDoesNotSuitTheType)
 {
     for (const int filterType : {LowPass, HighPass}) {
         EXPECT_EQ(Refusal(filterType, {0.4, 0.5, 0.0, 0.0}, {0.01, 0.01, 0.01}), twoMessage);
@@ -218,7 +195,7 @@ TEST(CreateFirByRemezord, DeviationCount_MustSuitTheType)
     }
 }
 
-TEST(CreateFirByRemezord, RefusedCount_LeavesTheDeviations)
+TEST(CreateFirByRemezord, LeavesTheDeviationsOfARefusedCount)
 {
     Row dev = {0.01, -0.0, nan};
     EXPECT_THROW(Remezord(LowPass, 0.4, 0.5, 0.0, 0.0, dev.data(), 3), std::invalid_argument);
@@ -227,7 +204,7 @@ TEST(CreateFirByRemezord, RefusedCount_LeavesTheDeviations)
     EXPECT_TRUE(std::isnan(dev[2]));
 }
 
-TEST(CreateFirByRemezord, EstimateThatIsNotFinite_IsRefused)
+TEST(CreateFirByRemezord, RefusesAnEstimateThatIsNotFinite)
 {
     for (const int filterType : {LowPass, HighPass}) {
         EXPECT_EQ(Refusal(filterType, {0.4, 0.4, 0.0, 0.0}, {0.01, 0.01}), orderMessage);
@@ -260,7 +237,7 @@ TEST(CreateFirByRemezord, EstimateThatIsNotFinite_IsRefused)
     }
 }
 
-TEST(CreateFirByRemezord, EstimateBeyondAnInt_IsRefused)
+TEST(CreateFirByRemezord, RefusesAnEstimateBeyondAnInt)
 {
     for (const int filterType : {LowPass, HighPass}) {
         EXPECT_EQ(Refusal(filterType, {0.4, 0.4 + 1e-12, 0.0, 0.0}, {0.01, 0.01}), orderMessage);
@@ -269,7 +246,7 @@ TEST(CreateFirByRemezord, EstimateBeyondAnInt_IsRefused)
     }
 }
 
-TEST(CreateFirByRemezord, LargestOddEstimate_IsRefusedWhereItWouldBeRaised)
+TEST(CreateFirByRemezord, RefusesTheLargestOddEstimateWhereItWouldBeRaised)
 {
     // A transition whose estimate is 2^31 - 1: found by bisection, each width giving an order.
     double narrow = 1e-10;
@@ -286,7 +263,7 @@ TEST(CreateFirByRemezord, LargestOddEstimate_IsRefusedWhereItWouldBeRaised)
     EXPECT_EQ(Refusal(HighPass, f, {0.01, 0.01}), orderMessage);
 }
 
-TEST(CreateFirByRemezord, InfiniteEdgeBesideAFiniteEstimate_MakesEveryTapNotANumber)
+TEST(CreateFirByRemezord, GivesNotANumberForAnInfiniteEdgeBesideAFiniteEstimate)
 {
     const Design design = DesignFrom(BandPass, {-infinity, 0.3, 0.6, 0.7}, {0.01, 0.01, 0.01});
     EXPECT_GT(design.order, 0);

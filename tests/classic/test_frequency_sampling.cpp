@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "fir/windows.h"
+#include "classic/window_types.h"
 #include "support/bits.h"
 
 namespace trelvanix
@@ -67,7 +67,7 @@ bool AllNotANumber(const std::vector<double>& values)
 
 // ---- Arguments ---------------------------------------------------------------------------------
 
-TEST(CheckFirByFSArguments, Order_ComesBeforeWindowType)
+TEST(CheckFirByFSArguments, ChecksTheOrderBeforeTheWindowType)
 {
     EXPECT_EQ(Refusal(0, LowPass, 15, 0.2, 0.3), "Order should be '>=1'");
     EXPECT_EQ(Refusal(-1, LowPass, Hann, 0.2, 0.3), "Order should be '>=1'");
@@ -75,7 +75,7 @@ TEST(CheckFirByFSArguments, Order_ComesBeforeWindowType)
               "Order should be '>=1'");
 }
 
-TEST(CheckFirByFSArguments, WindowType_MustBeOneOfTheFifteen)
+TEST(CheckFirByFSArguments, RefusesAWindowTypeThatIsNoneOfTheFifteen)
 {
     const std::string message =
         "windowType should be '0-14'.(Rectangle 0,Hann 1,Hamming 2,Blackman 3,Flattop 4,Kaiser 5,"
@@ -89,7 +89,7 @@ TEST(CheckFirByFSArguments, WindowType_MustBeOneOfTheFifteen)
         EXPECT_EQ(Refusal(10, LowPass, windowType, 0.2, 0.3), "accepted");
 }
 
-TEST(CreateFirByFS, Wc2ZeroBesideAnotherWc1_IsRefused)
+TEST(CreateFirByFS, RefusesWc2ZeroBesideAnotherWc1)
 {
     const std::string message = "wc2 should not be '0' when wc1 is not '0'";
     EXPECT_EQ(Refusal(10, LowPass, Hann, 0.2, 0.0), message);
@@ -98,14 +98,14 @@ TEST(CreateFirByFS, Wc2ZeroBesideAnotherWc1_IsRefused)
     EXPECT_EQ(Refusal(10, BandPass, Hann, 0.2, 0.0), "accepted");
 }
 
-TEST(CreateFirByFS, OrderWhoseTapsOrGridDoNotFitAnInt_IsRefusedAtOnce)
+TEST(CreateFirByFS, RefusesAtOnceAnOrderWhoseTapsOrGridDoNotFitAnInt)
 {
     EXPECT_THROW(CreateFirByFS(intMax, LowPass, Hann, 0.2, 0.3), std::bad_array_new_length);
     EXPECT_THROW(CreateFirByFS(intMax - 1, LowPass, Hann, 0.2, 0.3), std::bad_array_new_length);
     EXPECT_THROW(CreateFirByFS(1 << 30, LowPass, Hann, 0.2, 0.3), std::bad_array_new_length);
 }
 
-TEST(CreateFirByFS, UnknownType_IsALowPass)
+TEST(CreateFirByFS, TakesAnUnknownTypeForALowPass)
 {
     const std::vector<double> expected = Taps(24, LowPass, Hamming, 0.2, 0.3);
     for (const int filterType : {4, 7, -1})
@@ -114,13 +114,13 @@ TEST(CreateFirByFS, UnknownType_IsALowPass)
 
 // ---- Grid --------------------------------------------------------------------------------------
 
-TEST(FrequencyGridSize, Below1024Taps_Is512)
+TEST(FrequencyGridSize, Is512Below1024Taps)
 {
     EXPECT_EQ(FrequencyGridSize(2), 512);
     EXPECT_EQ(FrequencyGridSize(1023), 512);
 }
 
-TEST(FrequencyGridSize, From1024TapsOn_IsThePowerOfTwoAtOrAbove)
+TEST(FrequencyGridSize, IsThePowerOfTwoAtOrAboveFrom1024TapsOn)
 {
     EXPECT_EQ(FrequencyGridSize(1024), 1024);
     EXPECT_EQ(FrequencyGridSize(1025), 2048);
@@ -130,21 +130,21 @@ TEST(FrequencyGridSize, From1024TapsOn_IsThePowerOfTwoAtOrAbove)
         EXPECT_EQ(FrequencyGridSize(1 << exponent), 1 << exponent);
 }
 
-TEST(FrequencyGridSize, LargeCounts_EndInTheAllocationFailure)
+TEST(FrequencyGridSize, EndsInTheAllocationFailureForLargeCounts)
 {
     EXPECT_EQ(FrequencyGridSize((1 << 28) + 1), 1 << 29);
     EXPECT_THROW(FrequencyGridSize((1 << 29) + 1), std::bad_array_new_length);
     EXPECT_THROW(FrequencyGridSize(intMax), std::bad_array_new_length);
 }
 
-TEST(FrequencyGridSize, TwoTo29_KeepsTheRoundedQuotientOfLogarithms)
+TEST(FrequencyGridSize, KeepsTheRoundedQuotientOfLogarithmsForTwoTo29)
 {
     // log(2^29) / log(2) rounds to the double above 29, so the grid would have 2^30 steps.
     EXPECT_GT(std::log(536870912.0) / std::log(2.0), 29.0);
     EXPECT_THROW(FrequencyGridSize(1 << 29), std::bad_array_new_length);
 }
 
-TEST(SampleBreakpoints, Jump_IsARampOf21Points)
+TEST(SampleBreakpoints, MakesAJumpARampOf21Points)
 {
     // The lower band ends at position floor(513 * 0.5) = 256. The ramp starts ten positions before the
     // next one and reaches 20 further: 247 .. 267. Positions count from 1.
@@ -158,7 +158,7 @@ TEST(SampleBreakpoints, Jump_IsARampOf21Points)
     }
 }
 
-TEST(SampleBreakpoints, Transition_IsLinear)
+TEST(SampleBreakpoints, MakesATransitionLinear)
 {
     // floor(513 * 0.2) = 102 and floor(513 * 0.3) = 153.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.2, 0.3);
@@ -180,7 +180,7 @@ TEST(SampleBreakpoints, TypesAreComplements)
     }
 }
 
-TEST(SampleBreakpoints, RampWidth_IsA25thOfTheGrid)
+TEST(SampleBreakpoints, MakesARampA25thOfTheGridWide)
 {
     // npt / 25 = 40.96 and 81.92, cut off: 41 and 82 points from 1 to 0, the ends included.
     for (const auto& [npt, inner] : {std::pair{1024, 39}, std::pair{2048, 80}}) {
@@ -191,7 +191,7 @@ TEST(SampleBreakpoints, RampWidth_IsA25thOfTheGrid)
     }
 }
 
-TEST(SampleBreakpoints, OddRampWidth_StartsAtTheHalfRoundedUp)
+TEST(SampleBreakpoints, StartsARampOfOddWidthAtTheHalfRoundedUp)
 {
     // 81 / 2 = 40.5: floor(2049 * 0.5) + 1 = 1025, so the ramp starts at ceil(984.5) = 985.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.5, 2048);
@@ -200,7 +200,7 @@ TEST(SampleBreakpoints, OddRampWidth_StartsAtTheHalfRoundedUp)
     EXPECT_EQ(amplitude[1065], 0.0);
 }
 
-TEST(SampleBreakpoints, JumpNearZero_LosesThePositionsBelowOne)
+TEST(SampleBreakpoints, LosesThePositionsBelowOneForAJumpNearZero)
 {
     // floor(513 * 0.01) = 5: the ramp covers -4 .. 16, of which 1 .. 16 exist.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.01);
@@ -209,7 +209,7 @@ TEST(SampleBreakpoints, JumpNearZero_LosesThePositionsBelowOne)
     EXPECT_EQ(amplitude[16], 0.0);
 }
 
-TEST(SampleBreakpoints, JumpNearNyquist_LosesThePositionsBeyondTheGrid)
+TEST(SampleBreakpoints, LosesThePositionsBeyondTheGridForAJumpNearNyquist)
 {
     // floor(513 * 0.995) = 510: the ramp covers 501 .. 521, of which 501 .. 513 exist. The last band,
     // from 522 to 513, covers nothing.
@@ -218,7 +218,7 @@ TEST(SampleBreakpoints, JumpNearNyquist_LosesThePositionsBeyondTheGrid)
         EXPECT_EQ(AtPosition(amplitude, position), 1.0 - (position - 501) / 20.0) << position;
 }
 
-TEST(SampleBreakpoints, TwoJumpsAtZero_OverlapAndEnd)
+TEST(SampleBreakpoints, EndsForTwoJumpsAtZeroThatOverlap)
 {
     // Frequencies 0, 0, 0, 1. The first ramp is flat and covers -9 .. 11, the second one 2 .. 22.
     const std::vector<double> amplitude = Amplitude(LowPass, 0.0, 0.0);
@@ -229,7 +229,7 @@ TEST(SampleBreakpoints, TwoJumpsAtZero_OverlapAndEnd)
     EXPECT_EQ(amplitude[512], 0.0);
 }
 
-TEST(SampleBreakpoints, EdgesOutsideTheAxis_AreCutOffByTheGrid)
+TEST(SampleBreakpoints, CutsOffEdgesOutsideTheAxis)
 {
     // Pass band up to twice the Nyquist frequency: all of the grid passes.
     EXPECT_EQ(Amplitude(LowPass, 2.0, 3.0), std::vector<double>(513, 1.0));
@@ -246,7 +246,7 @@ TEST(SampleBreakpoints, EdgesOutsideTheAxis_AreCutOffByTheGrid)
 
 // ---- Design ------------------------------------------------------------------------------------
 
-TEST(CreateFirByFS, EdgesThatAreNotFinite_MakeEveryTapNotANumber)
+TEST(CreateFirByFS, GivesNotANumberForEdgesThatAreNotFinite)
 {
     for (const double bad : {nan, infinity, -infinity}) {
         for (const int filterType : {LowPass, HighPass, BandPass, BandStop}) {
@@ -273,7 +273,7 @@ std::vector<double> TapsByDirectSum(int order, int filterType, double wc1, doubl
     return taps;
 }
 
-TEST(CreateFirByFS, RectangleWindow_IsTheTruncatedInverseTransform)
+TEST(CreateFirByFS, IsTheTruncatedInverseTransformUnderARectangleWindow)
 {
     for (const int order : {1, 2, 23, 40, 1023, 1024}) {
         for (const int filterType : {LowPass, HighPass, BandPass, BandStop}) {
@@ -290,7 +290,7 @@ TEST(CreateFirByFS, RectangleWindow_IsTheTruncatedInverseTransform)
     }
 }
 
-TEST(CreateFirByFS, Window_MultipliesTheTaps)
+TEST(CreateFirByFS, MultipliesTheTapsByTheWindow)
 {
     for (int windowType = 0; windowType < 15; ++windowType) {
         std::vector<double> expected = Taps(31, BandPass, Rectangle, 0.3, 0.5);
@@ -302,7 +302,7 @@ TEST(CreateFirByFS, Window_MultipliesTheTaps)
     }
 }
 
-TEST(CreateFirByFS, EvenOrder_IsSymmetricToRounding)
+TEST(CreateFirByFS, IsSymmetricToRoundingForEvenOrders)
 {
     for (const int filterType : {LowPass, HighPass, BandPass, BandStop}) {
         const std::vector<double> taps = Taps(64, filterType, Hamming, 0.2, 0.45);
@@ -315,7 +315,7 @@ TEST(CreateFirByFS, EvenOrder_IsSymmetricToRounding)
     }
 }
 
-TEST(CreateFirByFS, OrderOne_KeepsTwoEqualTaps)
+TEST(CreateFirByFS, KeepsTwoEqualTapsForOrderOne)
 {
     const std::vector<double> taps = Taps(1, LowPass, Rectangle, 0.2, 0.3);
     EXPECT_NEAR(taps[0], taps[1], 10 * epsilon);
@@ -325,7 +325,7 @@ TEST(CreateFirByFS, OrderOne_KeepsTwoEqualTaps)
     EXPECT_NEAR(taps[0], 0.25 * sinc(0.125) * sinc(0.05), 1.0 / 512.0);
 }
 
-TEST(CreateFirByFS, Gain_KeepsUnnormalised)
+TEST(CreateFirByFS, KeepsTheGainUnnormalised)
 {
     const std::vector<double> taps = Taps(24, LowPass, Hamming, 0.2, 0.3);
     const double sum = std::accumulate(taps.begin(), taps.end(), 0.0);

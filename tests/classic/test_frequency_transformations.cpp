@@ -118,7 +118,7 @@ TEST(LpToBs, HasTheGridOfZerosOfItsUnitBlocks)
     }
 }
 
-TEST(FrequencyTransformations, SubstituteTheFrequency)
+TEST(TransformLowPass, SubstitutesTheFrequency)
 {
     const StateSpace lowpass = FourthOrder();
     const double Wo = 1.7;
@@ -138,7 +138,7 @@ TEST(FrequencyTransformations, SubstituteTheFrequency)
     check(static_cast<FilterType>(0xFFFFFFFF), s / Wo);
 }
 
-TEST(FrequencyTransformations, AcceptAModelWithoutStates)
+TEST(TransformLowPass, AcceptsAModelWithoutStates)
 {
     for (const FilterType type :
          {FilterType::LowPass, FilterType::HighPass, FilterType::BandPass, FilterType::BandStop}) {

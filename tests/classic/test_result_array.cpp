@@ -1,4 +1,4 @@
-#include "common/result_array.h"
+#include "classic/result_array.h"
 
 #include <gtest/gtest.h>
 
@@ -50,26 +50,9 @@ TEST(NewResultArray, TakesTheMemoryOfItsElements)
 {
     // 250 and 500 cache lines; the heap adds less than one.
     EXPECT_LT(malloc_usable_size(NewResultArray(2000).get()), 16064U);
-    for (const ResultArray& array :
-         {NewComplexResultArray(2000), NewUnclearedComplexResultArray(2000), NewComplexWorkArray(2000)})
-        EXPECT_LT(malloc_usable_size(array.get()), 32064U);
+    EXPECT_LT(malloc_usable_size(NewComplexResultArray(2000).get()), 32064U);
 }
 #endif
-
-TEST(NewComplexResultArray, IsClearedToPositiveZero)
-{
-    // Dirty the heap first, so that a cleared array is no accident.
-    for (int round = 0; round < 10; ++round) {
-        const ResultArray dirty = NewResultArray(200);
-        for (std::size_t i = 0; i < 200; ++i)
-            dirty[i] = -1.0;
-    }
-    const ResultArray array = NewComplexResultArray(100);
-    for (std::size_t i = 0; i < 200; ++i) {
-        EXPECT_EQ(array[i], 0.0);
-        EXPECT_FALSE(std::signbit(array[i]));
-    }
-}
 
 TEST(ResultArray, IsReleasedByTheExportedFunctions)
 {

@@ -7,7 +7,7 @@
 #include <limits>
 #include <vector>
 
-#include "linalg/polynomial_roots.h"
+#include "linalg/companion_roots.h"
 #include "support/bits.h"
 #include "support/frequency_response.h"
 

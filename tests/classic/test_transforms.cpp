@@ -29,6 +29,12 @@ struct SplitSpectrum {
     std::vector<double> real, imag;
 };
 
+std::vector<double> Spectrum(const std::vector<double>& input)
+{
+    const ResultArray spectrum = FFT(input.data(), static_cast<int>(input.size() / 2));
+    return {spectrum.get(), spectrum.get() + input.size()};
+}
+
 SplitSpectrum TransformReal(const std::vector<double>& x, int xCount, int n)
 {
     const auto size = static_cast<std::size_t>(n);
@@ -88,6 +94,55 @@ TEST(FFT, IsLinear)
         expected[i] = 2.0 * fx[i] + fy[i];
     // Six stages with about 8 roundings each, on values of up to 3 sqrt(2) n.
     EXPECT_TRUE(IsNear(expected, fsum.get(), 8 * 6 * epsilon * 3 * std::sqrt(2.0) * n));
+}
+
+TEST(FFT, KeepsZerosForLengthSix)
+{
+    const std::vector<double> input = Samples(6).Plain(12);
+    const std::vector<double> spectrum = Spectrum(input);
+    for (const std::size_t k : {0U, 2U, 4U, 5U}) {
+        EXPECT_TRUE(testing::SameBits(spectrum[2 * k], 0.0)) << "element " << k;
+        EXPECT_TRUE(testing::SameBits(spectrum[2 * k + 1], 0.0)) << "element " << k;
+    }
+}
+
+TEST(FFT, KeepsTwiddlesOfTheFullLengthForLengthSix)
+{
+    // Elements 1 and 3 come out of the butterflies of the first four inputs, with e^(-2 pi i k / 6)
+    // where a four-point transform has e^(-2 pi i k / 4): X[1] = (x0 - x2) + w (x1 - x3), X[3] = (x0 -
+    // x2) - ...
+    const std::vector<double> input = {1, 0, 2, 0, 3, 0, 5, 0, 7, 0, 11, 0};
+    const double wRe = 0.5;
+    const double wIm = -std::sqrt(3.0) / 2.0;
+    const std::vector<double> spectrum = Spectrum(input);
+    EXPECT_NEAR(spectrum[2], -2.0 + wRe * -3.0, 8 * epsilon);
+    EXPECT_NEAR(spectrum[3], wIm * -3.0, 8 * epsilon);
+    EXPECT_NEAR(spectrum[6], -2.0 - wRe * -3.0, 8 * epsilon);
+    EXPECT_NEAR(spectrum[7], -wIm * -3.0, 8 * epsilon);
+}
+
+TEST(FFT, IgnoresInputsBeyondTheLargestPowerOfTwo)
+{
+    std::vector<double> input = Samples(1).Plain(200);
+    const std::vector<double> spectrum = Spectrum(input);
+    for (std::size_t i = 128; i < input.size(); ++i)
+        input[i] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(HasSameBits(spectrum, Spectrum(input).data()));
+}
+
+TEST(FFT, HasTheBitsOfThePlainFormForEveryLength)
+{
+    Samples samples(3);
+    for (std::size_t n = 1; n <= 300; ++n) {
+        for (const auto& input : {samples.Plain(2 * n), samples.Hostile(2 * n)})
+            ASSERT_TRUE(HasSameBits(testing::PlainForwardTransform(input), Spectrum(input).data()))
+                << "n = " << n;
+    }
+    for (const std::size_t n : {1023U, 1024U, 4096U, 5000U}) {
+        const std::vector<double> input = samples.Plain(2 * n);
+        ASSERT_TRUE(HasSameBits(testing::PlainForwardTransform(input), Spectrum(input).data()))
+            << "n = " << n;
+    }
 }
 
 TEST(IFFT, ReturnsARealSignalFromItsSpectrum)

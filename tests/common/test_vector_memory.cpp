@@ -90,5 +90,13 @@ TEST(AllocateForVectors, TakesNoMoreThanWholeCacheLines)
 }
 #endif
 
+TEST(NewVectorMemory, OwnsRoomForEveryElement)
+{
+    const VectorMemory memory = NewVectorMemory(1000);
+    for (std::size_t i = 0; i < 1000; ++i)
+        memory[i] = 1.0;
+    EXPECT_NE(NewVectorMemory(0), nullptr);
+}
+
 } // namespace
 } // namespace trelvanix

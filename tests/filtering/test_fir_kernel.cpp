@@ -20,17 +20,15 @@ using testing::HasSameBits;
 using testing::PlainFirFilter;
 using testing::Samples;
 
-CorrelateKernel* KernelOf(InstructionSet set)
-{
-    return ForInstructionSet(set, baseline::Correlate, avx2::Correlate, avx512::Correlate);
-}
-
+// From rest.
 std::vector<double> Correlated(InstructionSet set, const std::vector<double>& signal,
                                const std::vector<double>& h)
 {
+    const std::vector<double> past(h.empty() ? 0 : h.size() - 1);
     std::vector<double> output(signal.size(), 1234.5);
-    KernelOf(set)(signal.data(), h.data(), static_cast<std::int64_t>(signal.size()),
-                  static_cast<std::int64_t>(h.size()), output.data());
+    KernelsFor<FirKernels>(set).correlate(past.data(), signal.data(), h.data(),
+                                          static_cast<std::int64_t>(signal.size()),
+                                          static_cast<std::int64_t>(h.size()), output.data());
     return output;
 }
 
@@ -84,6 +82,28 @@ TEST(Correlate, HasTheBitsOfThePlainFormAcrossBlocksAndChunks)
                                               1300, 2047, 2048, 2049, 2500};
     for (const std::size_t tapCount : {0U, 1U, 2U, 9U, 31U, 127U, 255U, 256U, 257U, 511U, 513U, 1000U})
         ExpectPlainBitsOfAllKinds(tapCount, lengths);
+}
+
+TEST(Correlate, GoesOnFromThePast)
+{
+    Samples samples(22);
+    const std::vector<double> signal = samples.Hostile(1500);
+    for (const std::size_t tapCount : {1U, 2U, 17U, 300U}) {
+        const std::vector<double> h = samples.Plain(tapCount);
+        const std::vector<double> whole = PlainFirFilter(signal, h);
+        for (const std::size_t cut : {300U, 301U, 1100U}) {
+            for (const InstructionSet set : AvailableInstructionSets()) {
+                std::vector<double> output(signal.size() - cut);
+                KernelsFor<FirKernels>(set).correlate(
+                    signal.data() + cut - (tapCount - 1), signal.data() + cut, h.data(),
+                    static_cast<std::int64_t>(output.size()), static_cast<std::int64_t>(tapCount),
+                    output.data());
+                const std::vector<double> expected(whole.begin() + static_cast<std::ptrdiff_t>(cut),
+                                                   whole.end());
+                ASSERT_TRUE(HasSameBits(expected, output.data())) << tapCount << " taps from " << cut;
+            }
+        }
+    }
 }
 
 } // namespace

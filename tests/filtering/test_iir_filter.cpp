@@ -2,16 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <limits>
-#include <new>
+#include <cstdint>
 #include <vector>
 
-#include "filtering/fir_filter.h"
 #include "support/bits.h"
+#include "support/cuts.h"
 #include "support/plain_kernels.h"
 #include "support/samples.h"
-#include "trelvanix.h"
 
 namespace trelvanix
 {
@@ -20,99 +17,45 @@ namespace
 
 using testing::HasSameBits;
 using testing::PlainIirFilter;
+using testing::RandomCuts;
 using testing::Samples;
 
-std::vector<double> Filtered(const std::vector<double>& signal, const std::vector<double>& b,
-                             const std::vector<double>& a)
+TEST(ApplyIir, StartsFromThePast)
 {
-    const ResultArray output = IirFilterToSignal(
-        signal.data(), b.data(), a.data(), static_cast<int>(signal.size()), static_cast<int>(b.size()));
-    return {output.get(), output.get() + signal.size()};
+    // y[n] = x[n] + x[n - 1] + y[n - 1] / 2
+    const double b[] = {1, 1};
+    const double a[] = {1, -0.5};
+    const double signal[] = {2, 0};
+    std::vector<double> inputs = {10, 0};
+    std::vector<double> outputs = {4, 0};
+    std::vector<double> output(2);
+    ApplyIir(signal, 2, b, a, 2, inputs.data(), outputs.data(), output.data());
+    EXPECT_EQ(output, (std::vector<double>{14, 9}));
+    EXPECT_EQ(inputs[0], 0.0);
+    EXPECT_EQ(outputs[0], 9.0);
 }
 
-TEST(IirFilterToSignal, KeepsIgnoringTheFirstDenominatorCoefficient)
+TEST(ApplyIir, HasTheBitsOfTheWholeSignalHoweverItIsCut)
 {
-    EXPECT_EQ(Filtered({1, 0, 0}, {1, 0}, {7, -0.5}), (std::vector<double>{1, 0.5, 0.25}));
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(Filtered({1, 0, 0}, {1, 0}, {nan, -0.5}), (std::vector<double>{1, 0.5, 0.25}));
-}
-
-TEST(IirFilterToSignal, AveragesTwoPointsFromRest)
-{
-    EXPECT_EQ(Filtered({2, 4, 8}, {0.5, 0.5}, {1, 0}), (std::vector<double>{1, 3, 6}));
-}
-
-TEST(IirFilterToSignal, CountsFibonacciNumbers)
-{
-    EXPECT_EQ(Filtered({1, 0, 0, 0, 0, 0, 0}, {1, 0, 0}, {1, -1, -1}),
-              (std::vector<double>{1, 1, 2, 3, 5, 8, 13}));
-}
-
-TEST(IirFilterToSignal, GivesAnEmptyArrayForNoSignal)
-{
-    const double one[] = {1.0};
-    EXPECT_NE(IirFilterToSignal(nullptr, one, one, 0, 1), nullptr);
-}
-
-TEST(IirFilterToSignal, GivesZerosForNoCoefficients)
-{
-    EXPECT_TRUE(HasSameBits({0.0, 0.0}, Filtered({-1, 2}, {}, {}).data()));
-}
-
-TEST(IirFilterToSignal, RefusesNegativeCounts)
-{
-    const double one[] = {1.0};
-    EXPECT_THROW(IirFilterToSignal(one, one, one, -1, 1), std::bad_array_new_length);
-    EXPECT_THROW(IirFilterToSignal(one, one, one, 1, -1), std::bad_array_new_length);
-    EXPECT_THROW(IirFilterToSignal(one, one, one, 0, -1), std::bad_array_new_length);
-}
-
-TEST(IirFilterToSignal, KeepsTheProductsWithTheEmptyHistories)
-{
-    const double inf = std::numeric_limits<double>::infinity();
-    EXPECT_TRUE(std::isnan(Filtered({1, 0}, {1, inf}, {1, 0})[0]));
-    EXPECT_TRUE(std::isnan(Filtered({1, 0}, {1, 0}, {1, inf})[0]));
-}
-
-TEST(IirFilterToSignal, HasTheBitsOfThePlainForm)
-{
-    Samples samples(30);
-    for (std::size_t count = 0; count <= 20; ++count) {
-        for (const std::size_t length : {0U, 1U, 2U, 3U, 7U, 19U, 20U, 21U, 100U}) {
-            const std::vector<double> signal = samples.Hostile(length);
-            for (const auto& b : {samples.Plain(count), samples.Hostile(count)}) {
-                const std::vector<double> a = samples.Hostile(count);
-                ASSERT_TRUE(HasSameBits(PlainIirFilter(signal, b, a), Filtered(signal, b, a).data()))
-                    << count << " coefficients, " << length << " samples";
-            }
-        }
-    }
-    // Finite all the way: poles well inside the unit circle.
-    const std::vector<double> signal = samples.Plain(3000);
-    for (std::size_t count = 1; count <= 20; ++count) {
+    Samples samples(42);
+    for (const std::size_t count : {0U, 1U, 2U, 9U, 17U, 18U, 40U}) {
+        const std::vector<double> signal = samples.Plain(2000);
         const std::vector<double> b = samples.Plain(count);
         std::vector<double> a = samples.Plain(count);
         for (double& value : a)
             value *= 0.9 / static_cast<double>(count);
-        ASSERT_TRUE(HasSameBits(PlainIirFilter(signal, b, a), Filtered(signal, b, a).data()))
-            << count << " coefficients";
+        const std::size_t delay = count > 0 ? count - 1 : 0;
+        std::vector<double> inputs(2 * delay);
+        std::vector<double> outputs(2 * delay);
+        std::vector<double> output(signal.size());
+        std::size_t begin = 0;
+        for (const std::size_t end : RandomCuts(samples, signal.size())) {
+            ApplyIir(signal.data() + begin, static_cast<std::int64_t>(end - begin), b.data(), a.data(),
+                     static_cast<int>(count), inputs.data(), outputs.data(), output.data() + begin);
+            begin = end;
+        }
+        EXPECT_TRUE(HasSameBits(PlainIirFilter(signal, b, a), output.data())) << count;
     }
-}
-
-TEST(Filter, IsTheFirFilterWithoutADenominatorAndTheIirFilterWithOne)
-{
-    Samples samples(31);
-    const std::vector<double> signal = samples.Plain(200);
-    const std::vector<double> b = samples.Plain(9);
-    const std::vector<double> a = samples.Plain(9);
-    const ResultArray fir = FirFilterToSignal(signal.data(), b.data(), 200, 9);
-    const ResultArray withoutDenominator(::Filter(signal.data(), b.data(), nullptr, 200, 9));
-    const std::vector<double> expectedFir(fir.get(), fir.get() + 200);
-    EXPECT_TRUE(HasSameBits(expectedFir, withoutDenominator.get()));
-
-    const std::vector<double> expectedIir = Filtered(signal, b, a);
-    const ResultArray withDenominator(::Filter(signal.data(), b.data(), a.data(), 200, 9));
-    EXPECT_TRUE(HasSameBits(expectedIir, withDenominator.get()));
 }
 
 } // namespace

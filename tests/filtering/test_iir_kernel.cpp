@@ -21,11 +21,6 @@ using testing::HasSameBits;
 using testing::PlainIirFilter;
 using testing::Samples;
 
-RecurseKernel* KernelOf(InstructionSet set)
-{
-    return ForInstructionSet(set, baseline::Recurse, avx2::Recurse, avx512::Recurse);
-}
-
 // From rest: as many zeros before input and output as the kernel reads.
 std::vector<double> Recursed(InstructionSet set, const std::vector<double>& signal,
                              const std::vector<double>& b, const std::vector<double>& a)
@@ -35,8 +30,9 @@ std::vector<double> Recursed(InstructionSet set, const std::vector<double>& sign
     std::ranges::copy(signal, x.data() + delay);
     std::vector<double> y(delay + signal.size(), 1234.5);
     std::fill_n(y.data(), delay, 0.0);
-    KernelOf(set)(x.data() + delay, b.data(), a.data(), static_cast<int>(b.size()),
-                  static_cast<std::int64_t>(signal.size()), y.data() + delay);
+    KernelsFor<IirKernels>(set).recurse(x.data() + delay, b.data(), a.data(),
+                                        static_cast<int>(b.size()),
+                                        static_cast<std::int64_t>(signal.size()), y.data() + delay);
     return {y.data() + delay, y.data() + y.size()};
 }
 

@@ -30,7 +30,7 @@ RemezProblem ProblemOf(int order, const Row& edges, const Row& amplitudes, const
 
 // ---- Grid --------------------------------------------------------------------------------------
 
-TEST(DenseGrid, EachBand_EndsOnItsEdges)
+TEST(DenseGrid, EndsEachBandOnItsEdges)
 {
     // 21 taps, 11 functions: a step of 1 / 176. Band one takes trunc(0.4 * 176 + 1) = 71 points after
     // the first, of which the last one becomes the edge 0.5 of band two; that one takes 89 more.
@@ -45,14 +45,14 @@ TEST(DenseGrid, EachBand_EndsOnItsEdges)
     EXPECT_EQ(grid[159], 1.0);
 }
 
-TEST(DenseGrid, TouchingBands_ShareTheirEdgeTwice)
+TEST(DenseGrid, HasTheSharedEdgeOfTouchingBandsTwice)
 {
     const std::vector<double> grid = GridOf(21, {0.0, 0.4, 0.4, 1.0});
     EXPECT_EQ(std::count(grid.begin(), grid.end(), 0.4), 2);
     EXPECT_TRUE(std::is_sorted(grid.begin(), grid.end()));
 }
 
-TEST(DenseGrid, EvenTapCount_DropsThePointAtNyquist)
+TEST(DenseGrid, DropsThePointAtNyquistForAnEvenTapCount)
 {
     // 20 taps, 10 functions: a step of 1 / 160. 1 goes, and nothing else lies above 1 - 1/160.
     const std::vector<double> grid = GridOf(20, {0.0, 0.4, 0.5, 1.0});
@@ -60,7 +60,7 @@ TEST(DenseGrid, EvenTapCount_DropsThePointAtNyquist)
     EXPECT_EQ(GridOf(21, {0.0, 0.4, 0.5, 1.0}).back(), 1.0);
 }
 
-TEST(DenseGrid, EvenTapCount_KeepsANarrowLastBandAtItsLowerEdge)
+TEST(DenseGrid, KeepsANarrowLastBandAtItsLowerEdgeForAnEvenTapCount)
 {
     // The last band, from 0.999, lies within a step of Nyquist altogether: its last point moves to
     // 0.999.
@@ -69,7 +69,7 @@ TEST(DenseGrid, EvenTapCount_KeepsANarrowLastBandAtItsLowerEdge)
     EXPECT_EQ(std::count(grid.begin(), grid.end(), 1.0), 0);
 }
 
-TEST(DenseGrid, NarrowBand_GetsTenSteps)
+TEST(DenseGrid, GivesANarrowBandTenSteps)
 {
     // 31 taps, 16 functions: a step of 1 / 256, and a first band of 1.25 of them.
     const std::vector<double> grid = GridOf(31, {0.0, 10.0 / 2048.0, 0.125, 1.0});
@@ -79,7 +79,7 @@ TEST(DenseGrid, NarrowBand_GetsTenSteps)
     EXPECT_EQ(grid[12], 0.125 + 1.0 / 256.0);
 }
 
-TEST(DenseGrid, Density_GrowsUntilThereAreMorePointsThanTaps)
+TEST(DenseGrid, GrowsDenserUntilThereAreMorePointsThanTaps)
 {
     // 61 taps, 31 functions. With 16 points each, a step of 1 / 496, both bands of width 0.01 are
     // narrow: 11 points each. With 64, trunc(0.01 * 1984 + 1) = 20 steps, some 40 points: still
@@ -91,7 +91,7 @@ TEST(DenseGrid, Density_GrowsUntilThereAreMorePointsThanTaps)
     EXPECT_EQ(grid[80], 0.99);
 }
 
-TEST(DenseGrid, BandWithoutWidth_IsOnePoint)
+TEST(DenseGrid, GivesABandWithoutWidthOnePoint)
 {
     const std::vector<double> last = GridOf(21, {0.0, 0.4, 1.0, 1.0});
     EXPECT_EQ(std::count(last.begin(), last.end(), 1.0), 1);
@@ -109,14 +109,14 @@ TEST(DenseGrid, BandWithoutWidth_IsOnePoint)
     EXPECT_EQ(*(std::find(rounding.begin(), rounding.end(), next) + 1), 0.7);
 }
 
-TEST(DenseGrid, BandsWithoutAnyWidth_EndInLengthError)
+TEST(DenseGrid, ThrowsLengthErrorForBandsWithoutAnyWidth)
 {
     EXPECT_EQ(GridOf(1, {0.0, 0.0, 1.0, 1.0}), (Row{0.0, 1.0}));
     EXPECT_THROW(GridOf(2, {0.0, 0.0, 1.0, 1.0}), std::length_error);
     EXPECT_THROW(GridOf(1001, {0.0, 0.0, 1.0, 1.0}), std::length_error);
 }
 
-TEST(DenseGrid, TinyBands_EndTheGrowthOfTheDensity)
+TEST(DenseGrid, EndsTheGrowthOfTheDensityForTinyBands)
 {
     EXPECT_GT(GridOf(21, {0.0, 1e-12, 1.0, 1.0}).size(), 21U);
     EXPECT_GT(GridOf(21, {0.0, 1e-300, 1.0, 1.0}).size(), 21U);
@@ -124,7 +124,7 @@ TEST(DenseGrid, TinyBands_EndTheGrowthOfTheDensity)
     EXPECT_THROW(GridOf(21, {0.0, 5e-324, 1.0, 1.0}), std::length_error);
 }
 
-TEST(DenseGrid, TooManyPoints_EndInLengthError)
+TEST(DenseGrid, ThrowsLengthErrorForTooManyPoints)
 {
     for (const double edge : {1e8, -1e8, 1e300, std::numeric_limits<double>::max()}) {
         try {
@@ -138,7 +138,7 @@ TEST(DenseGrid, TooManyPoints_EndInLengthError)
     EXPECT_THROW(GridOf(1 << 30, {0.0, 0.5, 0.5, 1.0}), std::length_error);
 }
 
-TEST(DenseGrid, EdgesOutOfOrder_StillGiveAGrid)
+TEST(DenseGrid, GivesAGridForEdgesOutOfOrder)
 {
     // Reversed bands, wide and narrow; the first leaves nothing but the point it starts from.
     for (const Row& edges : {Row{0.0, 0.6, 0.4, 1.0}, Row{0.0, -0.001, 0.5, 1.0},
@@ -155,7 +155,7 @@ TEST(DenseGrid, EdgesOutOfOrder_StillGiveAGrid)
 
 // ---- Desired response and weights --------------------------------------------------------------
 
-TEST(DesignGrid, Amplitudes_AreLinearInEachBand)
+TEST(DesignGrid, MakesAmplitudesLinearInEachBand)
 {
     const RemezProblem problem = ProblemOf(20, {0.0, 0.5, 0.75, 1.0}, {0.0, 2.0, 1.0, 0.0});
     for (std::size_t i = 0; i < problem.grid.size(); ++i) {
@@ -166,7 +166,7 @@ TEST(DesignGrid, Amplitudes_AreLinearInEachBand)
     }
 }
 
-TEST(DesignGrid, SharedEdge_BelongsToTheLaterBand)
+TEST(DesignGrid, CountsASharedEdgeToTheLaterBand)
 {
     const RemezProblem problem = ProblemOf(20, {0.0, 0.4, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {2.0, 3.0});
     int onEdge = 0;
@@ -179,23 +179,18 @@ TEST(DesignGrid, SharedEdge_BelongsToTheLaterBand)
     EXPECT_EQ(onEdge, 2);
 }
 
-TEST(DesignGrid, BandWithoutWidth_KeepsTheMeanWithTheNextBandsAmplitude)
+TEST(DesignGrid, TakesTheMeanOfItsAmplitudesForABandWithoutWidth)
 {
-    // The band is {0}; its own amplitude is 1, the next band starts with 0.
-    const RemezProblem first = ProblemOf(20, {0.0, 0.0, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0});
+    const RemezProblem first = ProblemOf(20, {0.0, 0.0, 0.4, 1.0}, {1.0, 0.5, 0.0, 0.0});
     EXPECT_EQ(first.grid[0], 0.0);
-    EXPECT_EQ(first.desired[0], 0.5);
+    EXPECT_EQ(first.desired[0], 0.75);
     EXPECT_EQ(first.desired[1], 0.0);
-}
-
-TEST(DesignGrid, LastBandWithoutWidth_UsesItsOwnUpperAmplitude)
-{
-    const RemezProblem last = ProblemOf(20, {0.0, 0.4, 1.0, 1.0}, {0.0, 0.0, 0.25, 1.0});
+    const RemezProblem last = ProblemOf(20, {0.0, 0.4, 1.0, 1.0}, {0.0, 0.0, 0.5, 1.0});
     EXPECT_EQ(last.grid.back(), 1.0);
-    EXPECT_EQ(last.desired.back(), 1.0);
+    EXPECT_EQ(last.desired.back(), 0.75);
 }
 
-TEST(DesignGrid, PointsInNoBand_WeighNothing)
+TEST(DesignGrid, GivesPointsInNoBandNoWeight)
 {
     const RemezProblem problem = ProblemOf(20, {0.0, 0.6, 0.8, 0.7, 0.9, 1.0}, {1, 1, 0, 0, 1, 1});
     int outside = 0;
@@ -209,7 +204,7 @@ TEST(DesignGrid, PointsInNoBand_WeighNothing)
     EXPECT_GT(outside, 0);
 }
 
-TEST(DesignGrid, WeightsOfAnotherCount_KeepBeingIgnored)
+TEST(DesignGrid, KeepsIgnoringWeightsOfAnotherCount)
 {
     const Row edges = {0.0, 0.4, 0.5, 1.0};
     const Row amplitudes = {1.0, 1.0, 0.0, 0.0};

@@ -2,15 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
-#include <string>
 #include <vector>
 
-#include "fir/remez_exchange.h"
-#include "fir/remez_grid.h"
 #include "support/bits.h"
 #include "support/instruction_sets.h"
-#include "support/plain_remez.h"
+#include "support/plain_kernels.h"
 #include "support/samples.h"
 
 namespace trelvanix
@@ -23,26 +21,26 @@ using testing::AvailableInstructionSets;
 using testing::HasSameBits;
 using testing::PlainInterpolation;
 using testing::PlainLagrangeWeight;
-using testing::PlainRemezExchange;
 using testing::SameBits;
 using testing::Samples;
 
+constexpr double pi = 3.141592653589793;
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
 Row WeightsOf(InstructionSet set, const Row& x, int groupCount)
 {
     Row weights(x.size());
-    ForInstructionSet(set, baseline::LagrangeWeights, avx2::LagrangeWeights, avx512::LagrangeWeights)(
-        x.data(), static_cast<int>(x.size()), groupCount, weights.data());
+    KernelsFor<RemezKernels>(set).lagrangeWeights(x.data(), static_cast<int>(x.size()), groupCount,
+                                                  weights.data());
     return weights;
 }
 
 Row ValuesOf(InstructionSet set, const Row& x, const Row& weights, const Row& y, const Row& xf)
 {
     Row values(xf.size());
-    ForInstructionSet(set, baseline::Interpolate, avx2::Interpolate, avx512::Interpolate)(
-        x.data(), weights.data(), y.data(), static_cast<int>(x.size()), xf.data(),
-        static_cast<int>(xf.size()), values.data());
+    KernelsFor<RemezKernels>(set).interpolate(x.data(), weights.data(), y.data(),
+                                              static_cast<int>(x.size()), xf.data(),
+                                              static_cast<int>(xf.size()), values.data());
     return values;
 }
 
@@ -57,7 +55,7 @@ TEST(LagrangeWeights, AreTheReciprocalsOfTheProductsOfTwiceTheDifferences)
     }
 }
 
-TEST(LagrangeWeights, EqualNodes_KeepBeingLeftOut)
+TEST(LagrangeWeights, KeepLeavingOutEqualNodes)
 {
     for (const InstructionSet set : AvailableInstructionSets()) {
         EXPECT_EQ(WeightsOf(set, {1.0, 1.0, 0.5}, 1), (Row{1.0, 1.0, 1.0}));
@@ -65,7 +63,7 @@ TEST(LagrangeWeights, EqualNodes_KeepBeingLeftOut)
     }
 }
 
-TEST(LagrangeWeights, Groups_AreMultipliedOneAfterAnother)
+TEST(LagrangeWeights, MultiplyOneGroupAfterAnother)
 {
     const Row x = {0.9, -1.0, -0.11, 0.44, -0.54, 0.89};
     const auto factor = [&](std::size_t j) { return 2.0 * (0.9 - x[j]); };
@@ -80,7 +78,7 @@ TEST(LagrangeWeights, Groups_AreMultipliedOneAfterAnother)
     }
 }
 
-TEST(LagrangeWeights, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
+TEST(LagrangeWeights, StayWithinRangeByGroupsThatOverflowInOneGo)
 {
     // Ten factors of 1e40, then ten of 1e-40: the first ten alone exceed the range. Ten groups bring one
     // of each together.
@@ -98,8 +96,8 @@ TEST(LagrangeWeights, Groups_KeepProductsWithinRangeThatOverflowInOneGo)
 void ExpectPlainWeights(const Row& x, int groupCount)
 {
     Row plain;
-    for (int k = 0; k < static_cast<int>(x.size()); ++k)
-        plain.push_back(PlainLagrangeWeight(k, static_cast<int>(x.size()), groupCount, x));
+    for (std::size_t k = 0; k < x.size(); ++k)
+        plain.push_back(PlainLagrangeWeight(k, static_cast<std::size_t>(groupCount), x));
     for (const InstructionSet set : AvailableInstructionSets()) {
         ASSERT_TRUE(HasSameBits(plain, WeightsOf(set, x, groupCount).data()))
             << "instruction set " << static_cast<int>(set) << ", " << x.size() << " nodes, "
@@ -162,59 +160,59 @@ TEST(Interpolate, WritesOverItsPoints)
     const Row xf = samples.Plain(21);
     for (const InstructionSet set : AvailableInstructionSets()) {
         Row inPlace = xf;
-        ForInstructionSet(set, baseline::Interpolate, avx2::Interpolate, avx512::Interpolate)(
-            x.data(), weights.data(), y.data(), 9, inPlace.data(), 21, inPlace.data());
+        KernelsFor<RemezKernels>(set).interpolate(x.data(), weights.data(), y.data(), 9, inPlace.data(),
+                                                  21, inPlace.data());
         EXPECT_TRUE(HasSameBits(ValuesOf(set, x, weights, y, xf), inPlace.data()));
     }
 }
 
-// ---- Whole designs -----------------------------------------------------------------------------
+// ---- Both --------------------------------------------------------------------------------------
 
-RemezResult ExpectPlainDesign(int order, const Row& edges, const Row& amplitudes, const Row& weights)
+// The sum of a[k] cos(2 pi f k) at cos(2 pi f) = x, by the recurrence of the cosines.
+double FrequencyResponse(const Row& a, double x)
 {
-    SCOPED_TRACE("order " + std::to_string(order));
-    RemezProblem problem =
-        DesignGrid(order, edges.data(), amplitudes.data(), static_cast<int>(edges.size()),
-                   weights.data(), static_cast<int>(weights.size()));
-    for (double& f : problem.grid)
-        f *= 0.5;
-    RemezProblem copy = problem;
-    const int gridCount = static_cast<int>(problem.grid.size());
-    RemezResult plain = PlainRemezExchange(order + 1, copy.grid.data(), copy.desired.data(),
-                                           copy.weight.data(), gridCount);
-    const RemezResult got = RemezExchange(order + 1, problem.grid.data(), problem.desired.data(),
-                                          problem.weight.data(), gridCount);
-    EXPECT_EQ(got.iterations, plain.iterations);
-    EXPECT_EQ(got.converged, plain.converged);
-    const bool sameCount = got.halfResponse.size() == plain.halfResponse.size();
-    EXPECT_TRUE(sameCount && HasSameBits(plain.halfResponse, got.halfResponse.data()));
-    return plain;
-}
-
-TEST(RemezExchange, HasTheBitsOfThePlainForm)
-{
-    for (int order = 0; order <= 80; ++order) {
-        ExpectPlainDesign(order, {0.0, 0.4, 0.5, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
-        // Touching bands: two points of the grid have the same cosine.
-        ExpectPlainDesign(order, {0.0, 0.3, 0.3, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
-        ExpectPlainDesign(order, {0.0, 0.2, 0.2, 0.6, 0.6, 1.0}, {0.0, 0.0, 1.0, 1.0, 0.0, 0.0},
-                          {1.0, 1.0, 1.0});
-        ExpectPlainDesign(order, {0.0, 0.31, 0.42, 1.0}, {0.0, 0.0, 1.0, 1.0}, {30.0, 1.0});
+    long double sum = 0.0L, before = x, now = 1.0L; // cosines of -1 and 0 times the angle
+    for (const double coefficient : a) {
+        sum += coefficient * now;
+        const long double next = 2.0L * x * now - before;
+        before = now;
+        now = next;
     }
-    for (const int order : {150, 301})
-        ExpectPlainDesign(order, {0.0, 0.4, 0.45, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
+    return static_cast<double>(sum);
 }
 
-TEST(RemezExchange, HasTheBitsOfThePlainFormWhereNothingConverges)
+TEST(Interpolate, GivesTheFrequencyResponseThatHasTheValues)
 {
-    // Ripple below what doubles hold: the extrema wander until the last of 250 sweeps.
-    EXPECT_FALSE(
-        ExpectPlainDesign(130, {0.0, 0.3, 0.6, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0}).converged);
-    // Points that lie in no band, and a band of no width.
-    ExpectPlainDesign(20, {0.0, 0.6, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
-    ExpectPlainDesign(20, {0.0, 0.0, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {1.0, 1.0});
-    // Weights that make the problem unsolvable.
-    ExpectPlainDesign(20, {0.0, 0.3, 0.4, 1.0}, {1.0, 1.0, 0.0, 0.0}, {0.0, 1.0});
+    Samples samples(614);
+    for (const int count : {1, 2, 3, 9, 16, 17, 33, 50}) {
+        const Row a = samples.Plain(static_cast<std::size_t>(count));
+        // One node more than cosines, each near an extremum of a Chebyshev polynomial.
+        Row x, y, xf;
+        for (int j = 0; j <= count; ++j)
+            x.push_back(std::cos(pi * (j + 0.3 * samples.Next()) / count));
+        for (const double node : x)
+            y.push_back(FrequencyResponse(a, node));
+        for (int i = 0; i < 40; ++i)
+            xf.push_back(samples.Next());
+        for (const InstructionSet set : AvailableInstructionSets()) {
+            const Row weights = WeightsOf(set, x, 1 + count / 15);
+            const Row values = ValuesOf(set, x, weights, y, xf);
+            for (std::size_t i = 0; i < xf.size(); ++i) {
+                // Each term has the rounding of its weight (a product of count + 1 factors), of the value there
+                // and of its own three operations; each sum adds count + 1 of them (Higham 2002, chapter 4).
+                double terms = 0.0, sum = 0.0;
+                for (std::size_t j = 0; j < x.size(); ++j) {
+                    const double c = weights[j] / (xf[i] - x[j]);
+                    terms += std::fabs(c) * (std::fabs(y[j]) + std::fabs(values[i]));
+                    sum += c;
+                }
+                const double bound = (2.0 * count + 8.0) * epsilon * terms / std::fabs(sum);
+                EXPECT_NEAR(values[i], FrequencyResponse(a, xf[i]), bound)
+                    << "instruction set " << static_cast<int>(set) << ", " << count
+                    << " cosines, x = " << xf[i];
+            }
+        }
+    }
 }
 
 } // namespace

@@ -46,8 +46,7 @@ void ExpectPlainBits(const std::vector<double>& a, int n, int l, int nn, double 
         PlainDoubleShiftSweep(plain.data(), n, l, nn, shifts, negligible);
         for (const InstructionSet set : AvailableInstructionSets()) {
             double* matrix = got[static_cast<std::size_t>(set)].data();
-            ForInstructionSet(set, baseline::DoubleShiftSweep, avx2::DoubleShiftSweep,
-                              avx512::DoubleShiftSweep)(matrix, n, l, nn, shifts, negligible);
+            KernelsFor<SweepKernels>(set).doubleShiftSweep(matrix, n, l, nn, shifts, negligible);
             ASSERT_TRUE(HasSameBits(plain, matrix)) << "instruction set " << static_cast<int>(set)
                                                     << ", n = " << n << ", block " << l << " .. " << nn;
         }

@@ -16,7 +16,7 @@ import numpy as np
 import scipy.signal
 
 import test_minimum_order as orders
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 
 TOLERANCE = 0.1  # decibels
 NAMES = ("lowpass", "highpass", "bandpass", "bandstop")
@@ -82,7 +82,7 @@ def kept(requests):
     ours, scipys, count = 0, 0, 0
     for order, rp, rs, wn, kind in requests:
         mask = bands(order, rp, rs, wn, kind)
-        ours += keeps_mask(library.elliptic(order, rp, rs, list(wn), kind), rp, rs, *mask)
+        ours += keeps_mask(trelvanix.Elliptic(order, rp, rs, list(wn), kind), rp, rs, *mask)
         scipys += keeps_mask(scipy_design(order, rp, rs, wn, kind), rp, rs, *mask)
         count += 1
     return f"{100.0 * ours / count:.0f} % ({100.0 * scipys / count:.0f} %)"

@@ -17,7 +17,7 @@ import scipy.signal
 
 import exact_iir as exact
 import literal_iir as literal
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 
 LARGEST_ORDER = 25
 TOLERANCE = 0.01  # decibels
@@ -33,19 +33,19 @@ EDGES = {
 
 FAMILIES = {
     "Butterworth": (
-        library.butterworth,
+        trelvanix.Butterworth,
         lambda n: exact.butterworth_prototype(n),
         lambda n, wn, kind: scipy.signal.butter(n, wn, kind),
         (),
     ),
     "Chebyshev I": (
-        library.chebyshev1,
+        trelvanix.Chebyshv1,
         lambda n: exact.chebyshev1_prototype(n, RIPPLE),
         lambda n, wn, kind: scipy.signal.cheby1(n, RIPPLE, wn, kind),
         (RIPPLE,),
     ),
     "Chebyshev II": (
-        library.chebyshev2,
+        trelvanix.Chebyshv2,
         lambda n: exact.chebyshev2_prototype(n, ATTENUATION),
         lambda n, wn, kind: scipy.signal.cheby2(n, ATTENUATION, wn, kind),
         (ATTENUATION,),
@@ -90,7 +90,7 @@ def bessel_errors(kind, edges, order):
     """Of the denominators for every type, the numerator being no filter's but the lowpass's."""
     points = [mpmath.mpc(0, f) for f in frequencies(edges, 3.0 * edges[-1])]
     zeros, poles, gain = exact.analog(exact.bessel_prototype(order), edges, kind)
-    a, b = library.bessel(order, list(edges), kind)
+    a, b = trelvanix.Bessel(order, list(edges), kind)
     if kind == exact.LOWPASS:
         wanted, b = ([], poles, gain), [b[-1]]
         scipy_a = scipy.signal.bessel(order, edges[0], analog=True, norm="phase")[1]
@@ -239,7 +239,7 @@ def bessel_edges_table():
         for order in range(1, LARGEST_ORDER + 1):
             if order in (4, 17):
                 continue
-            a, b = library.bessel(order, [edge], 0)
+            a, b = trelvanix.Bessel(order, [edge], 0)
             error = abs(20.0 * math.log10(abs(b[-1]) / edge**order)) if b[-1] else math.inf
             wanted = exact.polynomial(exact.analog(exact.bessel_prototype(order), [edge], 0)[1])
             if gain_open and error > TOLERANCE:

@@ -12,7 +12,7 @@ import scipy.signal
 
 import literal_elliptic
 import literal_iir as literal
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 
 EPSILON = 2.0**-52
 TYPES = LOWPASS, HIGHPASS, BANDPASS, BANDSTOP = range(4)
@@ -78,7 +78,7 @@ def bounds(order, rp, rs, wn, kind):
 
 def assert_scipys(order, rp, rs, wn, kind):
     call = f"elliptic{(order, rp, rs, wn, kind)}"
-    a, b = library.elliptic(order, rp, rs, list(wn), kind)
+    a, b = trelvanix.Elliptic(order, rp, rs, list(wn), kind)
     scipy_a, scipy_b = scipy_design(order, rp, rs, wn, kind)
     of_a, of_b = bounds(order, rp, rs, wn, kind)
     difference = np.max(np.abs(np.array(a) - scipy_a))
@@ -157,7 +157,7 @@ def test_responses_stay_inside_the_mask_and_touch_it(kind):
     close = 0
     for order, rp, rs, wn in requests(kind, 100, 2100 + kind, 6, 0.15, 0.2):
         call = f"elliptic{(order, rp, rs, wn, kind)}"
-        filter_ = library.elliptic(order, rp, rs, list(wn), kind)
+        filter_ = trelvanix.Elliptic(order, rp, rs, list(wn), kind)
         passband, stopband = bands(wn, kind)[0], stopbands(order, rp, rs, wn, kind)
         for name, asked, bands_, least in (("pass", rp, passband, 0.0), ("stop", rs, stopband, rs)):
             loss = losses(filter_, bands_)
@@ -177,7 +177,7 @@ def test_responses_stay_inside_the_mask_and_touch_it(kind):
 def test_keeps_palindromic_numerators_for_odd_orders(kind):
     # The true numerator is antisymmetric: b[0] = -b[N].
     for order in (1, 3, 5):
-        a, b = library.elliptic(order, RP, RS, list(EDGES[kind]), kind)
+        a, b = trelvanix.Elliptic(order, RP, RS, list(EDGES[kind]), kind)
         scipy_a, scipy_b = scipy_design(order, RP, RS, EDGES[kind], kind)
         assert scipy_b[0] == pytest.approx(-scipy_b[-1])
         assert b[0] * b[-1] > 0.0
@@ -187,7 +187,7 @@ def test_keeps_palindromic_numerators_for_odd_orders(kind):
 
 def test_keeps_a_wrong_gain_for_numerators_below_the_threshold():
     # The first coefficient above 0.0001 counts as the leading one. At 90 dB the true one is below.
-    a, b = library.elliptic(4, RP, 90.0, [0.05], LOWPASS)
+    a, b = trelvanix.Elliptic(4, RP, 90.0, [0.05], LOWPASS)
     _, scipy_b = scipy_design(4, RP, 90.0, [0.05], LOWPASS)
     assert 0.0 < scipy_b[0] < 1e-4
     taken = next((c for c in scipy_b if abs(c) > 1e-4), scipy_b[-1])
@@ -197,8 +197,8 @@ def test_keeps_a_wrong_gain_for_numerators_below_the_threshold():
 def test_keeps_the_power_of_the_nome_beyond_the_smallest_selectivity():
     # For k1 below 1e-6 the modulus is the one of the nome's N-th power: tiny. The zeros go far out and the
     # attenuation beyond the edge is next to none.
-    a, b = library.elliptic(4, 0.1, 103.0, [0.3], LOWPASS)
+    a, b = trelvanix.Elliptic(4, 0.1, 103.0, [0.3], LOWPASS)
     assert np.max(np.abs(np.array(a) - scipy_design(4, 0.1, 103.0, [0.3], LOWPASS)[0])) < 1e-4
-    a, b = library.elliptic(4, 0.1, 104.0, [0.3], LOWPASS)
+    a, b = trelvanix.Elliptic(4, 0.1, 104.0, [0.3], LOWPASS)
     difference = np.max(np.abs(np.array(a) - scipy_design(4, 0.1, 104.0, [0.3], LOWPASS)[0]))
     assert not difference <= 1e-2

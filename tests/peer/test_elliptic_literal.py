@@ -11,7 +11,7 @@ import struct
 import pytest
 
 import literal_elliptic as literal
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 from test_iir_literal import HOSTILE, assert_same, random_edges, random_kind
 
 CALLS = int(os.environ.get("TRELVANIX_LITERAL_CALLS", "150"))
@@ -19,7 +19,7 @@ CALLS = int(os.environ.get("TRELVANIX_LITERAL_CALLS", "150"))
 
 def compare(order, rp, rs, wn, kind, analog=0):
     ours, theirs = list(wn), list(wn)
-    got = library.elliptic(order, rp, rs, ours, kind, analog)
+    got = trelvanix.Elliptic(order, rp, rs, ours, kind, analog)
     expected = literal.elliptic(order, rp, rs, theirs, kind, analog)
     assert_same(f"elliptic{(order, rp, rs, wn, kind, analog)}", got, expected, ours, theirs)
     return got
@@ -85,7 +85,7 @@ def test_tiny_and_huge_ripples():
 
 
 def test_the_comparison_sees_a_single_bit():
-    a, b = library.elliptic(4, 0.5, 50.0, [0.2, 0.45], 2)
+    a, b = trelvanix.Elliptic(4, 0.5, 50.0, [0.2, 0.45], 2)
     expected = literal.elliptic(4, 0.5, 50.0, [0.2, 0.45], 2, 0)
     next_up = struct.unpack("<d", struct.pack("<q", struct.unpack("<q", struct.pack("<d", a[3]))[0] + 1))[0]
     with pytest.raises(AssertionError):

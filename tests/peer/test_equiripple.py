@@ -14,7 +14,7 @@ import numpy as np
 import pytest
 from scipy import signal
 
-import fir_library as trelvanix
+import trelvanix_library as trelvanix
 
 LOWPASS, HIGHPASS, BANDPASS, BANDSTOP = range(4)
 

@@ -8,7 +8,7 @@ import math
 import numpy as np
 import pytest
 
-import fir_library as trelvanix
+import trelvanix_library as trelvanix
 import literal_fir
 from comparing import assert_same_bits
 
@@ -96,6 +96,13 @@ def test_designs_where_larger_errors_appear_beyond_both_ends_have_the_bits_of_th
     for _ in range(200):
         wc2, wc1 = np.sort(rng.uniform(0.01, 0.99, 2)).tolist()
         assert check_remez(int(rng.integers(2, 25)), int(rng.integers(4)), wc1, wc2)
+
+
+@pytest.mark.parametrize("order, wc1, wc2", ((60, 0.2, 0.8), (130, 0.3, 0.6), (131, 0.3, 0.6)))
+def test_designs_that_never_converge_have_the_bits_of_the_plain_steps(order, wc1, wc2):
+    """A ripple below what doubles hold: the extrema wander until the last of 250 sweeps."""
+    for filterType in (0, 1):
+        assert check_remez(order, filterType, wc1, wc2)
 
 
 # ---- Order -------------------------------------------------------------------------------------

@@ -16,7 +16,7 @@ import numpy as np
 import pytest
 from scipy import signal
 
-import fir_library as trelvanix
+import trelvanix_library as trelvanix
 from comparing import assert_within
 
 U = 2.0**-53

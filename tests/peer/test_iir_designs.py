@@ -11,7 +11,7 @@ import scipy.signal
 import exact_iir as exact
 import literal_iir as literal
 import measure_iir_accuracy as measure
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 
 EPSILON = np.finfo(float).eps
 RP, RS = measure.RIPPLE, measure.ATTENUATION
@@ -19,9 +19,9 @@ EDGES = ([0.3], [0.3], [0.2, 0.5], [0.2, 0.5])
 TYPES = measure.TYPES
 
 PROTOTYPES = {
-    "butterworth": (exact.butterworth_prototype, literal.butterworth_prototype, ()),
-    "chebyshev1": (lambda n: exact.chebyshev1_prototype(n, RP), lambda n: literal.cheb1_prototype(n, RP), (RP,)),
-    "chebyshev2": (lambda n: exact.chebyshev2_prototype(n, RS), lambda n: literal.cheb2_prototype(n, RS), (RS,)),
+    "Butterworth": (exact.butterworth_prototype, literal.butterworth_prototype, ()),
+    "Chebyshv1": (lambda n: exact.chebyshev1_prototype(n, RP), lambda n: literal.cheb1_prototype(n, RP), (RP,)),
+    "Chebyshv2": (lambda n: exact.chebyshev2_prototype(n, RS), lambda n: literal.cheb2_prototype(n, RS), (RS,)),
 }
 
 
@@ -52,7 +52,7 @@ def denominator_bound(prototype, order, kind):
 def test_denominators_are_the_exact_ones(name, kind):
     exact_prototype, literal_prototype, parameters = PROTOTYPES[name]
     for order in range(1, 13):
-        a, _ = getattr(library, name)(order, *parameters, list(EDGES[kind]), kind)
+        a, _ = getattr(trelvanix, name)(order, *parameters, list(EDGES[kind]), kind)
         _, poles, _ = exact.digital(exact_prototype(order), EDGES[kind], kind)
         expected = exact.polynomial(poles)
         bound = denominator_bound(literal_prototype, order, kind)
@@ -64,9 +64,9 @@ def test_denominators_are_the_exact_ones(name, kind):
 
 def scipy_design(name, order, kind):
     edges = EDGES[kind] if kind > 1 else EDGES[kind][0]
-    if name == "butterworth":
+    if name == "Butterworth":
         return scipy.signal.butter(order, edges, TYPES[kind])
-    if name == "chebyshev1":
+    if name == "Chebyshv1":
         return scipy.signal.cheby1(order, RP, edges, TYPES[kind])
     return scipy.signal.cheby2(order, RS, edges, TYPES[kind])
 
@@ -77,10 +77,10 @@ def test_scipy_designs_the_same_filter(name, kind):
     # SciPy takes another way (zeros and poles all along), whose rounding is bounded likewise; the
     # numerators of type II are read back from eigenvalues that split at 1e-11.
     for order in range(1, 9):
-        if name == "chebyshev2" and kind in (1, 2) and order % 2:
+        if name == "Chebyshv2" and kind in (1, 2) and order % 2:
             continue
         _, literal_prototype, parameters = PROTOTYPES[name]
-        a, b = getattr(library, name)(order, *parameters, list(EDGES[kind]), kind)
+        a, b = getattr(trelvanix, name)(order, *parameters, list(EDGES[kind]), kind)
         scipy_b, scipy_a = scipy_design(name, order, kind)
         bound = 2.0 * denominator_bound(literal_prototype, order, kind)
         assert np.max(np.abs(np.array(a) - scipy_a)) <= bound, f"{name} {order} {TYPES[kind]}"
@@ -88,7 +88,7 @@ def test_scipy_designs_the_same_filter(name, kind):
         # the error is that of the denominator's value there.
         at_reference = abs(np.polyval(a, [1.0, -1.0, 1.0, 1.0][kind]))
         relative = len(a) * bound / at_reference
-        if name == "chebyshev2":
+        if name == "Chebyshv2":
             relative += 1e-8
         scale = np.max(np.abs(scipy_b))
         assert np.max(np.abs(np.array(b) - scipy_b)) <= relative * scale, f"{name} {order} {TYPES[kind]}"
@@ -131,7 +131,7 @@ def test_responses_stay_within_a_hundredth_of_a_decibel(family, kind, edges, lar
 def test_chebyshev1_ripples_no_more_than_asked(kind):
     inside = {0: (0.0, 0.3), 1: (0.3, 1.0), 2: (0.2, 0.5), 3: (0.0, 0.2)}[kind]
     for order in range(1, 9):
-        a, b = library.chebyshev1(order, RP, list(EDGES[kind]), kind)
+        a, b = trelvanix.Chebyshv1(order, RP, list(EDGES[kind]), kind)
         _, h = scipy.signal.freqz(b, a, np.pi * np.linspace(*inside, 300)[1:-1])
         loss = -20.0 * np.log10(np.abs(h))
         # 1e-6 dB for the rounding of the evaluation at these orders.
@@ -143,7 +143,7 @@ def test_chebyshev1_ripples_no_more_than_asked(kind):
 def test_chebyshev2_attenuates_as_asked(kind):
     outside = {0: (0.3, 1.0), 1: (0.0, 0.3), 2: (0.5, 1.0), 3: (0.2, 0.5)}[kind]
     for order in range(2, 9, 2):
-        a, b = library.chebyshev2(order, 40.0, list(EDGES[kind]), kind)
+        a, b = trelvanix.Chebyshv2(order, 40.0, list(EDGES[kind]), kind)
         _, h = scipy.signal.freqz(b, a, np.pi * np.linspace(*outside, 300)[1:-1])
         # 1e-8 from the eigenvalues that split at 1e-11, times their condition.
         assert np.max(np.abs(h)) <= 0.01 * (1.0 + 1e-5), f"order {order}"
@@ -151,7 +151,7 @@ def test_chebyshev2_attenuates_as_asked(kind):
 
 def test_keeps_a_wrong_gain_for_type_two_numerators_below_the_threshold():
     # The first coefficient above 0.0001 counts as the leading one. At 90 dB the true one is 0.0000967.
-    a, b = library.chebyshev2(4, 90.0, [0.3], 0)
+    a, b = trelvanix.Chebyshv2(4, 90.0, [0.3], 0)
     scipy_b, _ = scipy.signal.cheby2(4, 90.0, 0.3)
     taken = next(c for c in scipy_b if abs(c) > 1e-4)
     assert abs(scipy_b[0]) < 1e-4 and taken > 1.3e-4
@@ -162,7 +162,7 @@ def test_keeps_rounding_noise_as_the_gain_of_bessel_lowpasses_with_large_edges()
     # The middle numerator coefficients, zero on paper, are noise above the threshold.
     for order in (5, 6, 8, 10):
         edge = 2000.0 * np.pi
-        a, b = library.bessel(order, [edge], 0)
+        a, b = trelvanix.Bessel(order, [edge], 0)
         assert abs(b[-1]) < 1e-6 * edge**order
         # Eigenvalues that split at 1e-11 times their condition.
         assert a[-1] == pytest.approx(edge**order, rel=1e-6)
@@ -172,8 +172,8 @@ def test_keeps_rounding_noise_as_the_gain_of_bessel_lowpasses_with_large_edges()
 def test_keeps_palindromic_numerators_for_odd_orders_of_type_two(kind):
     # The true numerator is antisymmetric: b[0] = -b[N].
     for order in (1, 3, 5):
-        _, b = library.chebyshev2(order, RS, list(EDGES[kind]), kind)
-        scipy_b, _ = scipy_design("chebyshev2", order, kind)
+        _, b = trelvanix.Chebyshv2(order, RS, list(EDGES[kind]), kind)
+        scipy_b, _ = scipy_design("Chebyshv2", order, kind)
         assert scipy_b[0] == pytest.approx(-scipy_b[-1])
         assert b[0] * b[-1] > 0.0
         assert np.max(np.abs(np.array(b) - scipy_b)) > 1e-4
@@ -183,7 +183,7 @@ def test_keeps_palindromic_numerators_for_odd_orders_of_type_two(kind):
 def test_bessel_denominators_are_scipys_with_phase_normalisation(kind):
     edges = [3.0] if kind < 2 else [2.0, 5.0]
     for order in range(1, 13):
-        a, _ = library.bessel(order, list(edges), kind)
+        a, _ = trelvanix.Bessel(order, list(edges), kind)
         argument = edges if kind > 1 else edges[0]
         expected = scipy.signal.bessel(order, argument, TYPES[kind], analog=True, norm="phase")[1]
         difference = np.max(np.abs((np.array(a) - expected) / expected))

@@ -11,7 +11,7 @@ import pytest
 import scipy.optimize
 import scipy.signal
 
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 from test_minimum_order_literal import ordered_edges
 
 mpmath.mp.dps = 50
@@ -34,8 +34,8 @@ def requests(seed, kind, count=REQUESTS, widest=0.995, narrowest=0.002, ripples=
 
 
 def estimated(family, edges, ripple, attenuation):
-    wn = [library.UNTOUCHED] * (len(edges) // 2)
-    return library.minimum_order(family, edges, ripple, attenuation, wn), wn
+    wn = [trelvanix.UNTOUCHED] * (len(edges) // 2)
+    return trelvanix.FilterMinimumOrder(family, edges, ripple, attenuation, wn), wn
 
 
 # ---- the order formulas with fifty digits ----------------------------------------------------------
@@ -187,12 +187,12 @@ def test_the_other_families_return_edges_as_given(kind):
 def design(family, order, ripple, attenuation, wn, kind):
     wn = list(wn)
     if family == BUTTERWORTH:
-        return library.butterworth(order, wn, kind)
+        return trelvanix.Butterworth(order, wn, kind)
     if family == CHEBYSHEV1:
-        return library.chebyshev1(order, ripple, wn, kind)
+        return trelvanix.Chebyshv1(order, ripple, wn, kind)
     if family == CHEBYSHEV2:
-        return library.chebyshev2(order, attenuation, wn, kind)
-    return library.elliptic(order, ripple, attenuation, wn, kind)
+        return trelvanix.Chebyshv2(order, attenuation, wn, kind)
+    return trelvanix.Elliptic(order, ripple, attenuation, wn, kind)
 
 
 def losses(filter_, edges, kind):

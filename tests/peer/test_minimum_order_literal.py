@@ -10,18 +10,18 @@ import random
 import pytest
 
 import literal_order as literal
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 from test_iir_literal import HOSTILE, bits
 
 CALLS = int(os.environ.get("TRELVANIX_LITERAL_CALLS", "1000"))
-UNTOUCHED = library.UNTOUCHED
+UNTOUCHED = trelvanix.UNTOUCHED
 FAMILIES = range(5)
 
 
 def compare(family, edges, ripple, attenuation):
     ours, theirs = ([UNTOUCHED] * max(len(edges) // 2, 1) for _ in range(2))
     call = f"minimum_order{(family, edges, ripple, attenuation)}"
-    got = library.minimum_order(family, edges, ripple, attenuation, ours)
+    got = trelvanix.FilterMinimumOrder(family, edges, ripple, attenuation, ours)
     expected = literal.minimum_order(family, edges, ripple, attenuation, theirs)
     assert got == expected, f"{call}: order is {got}, literal {expected}"
     assert bits(ours) == bits(theirs), f"{call}: wn is {ours}, literal {theirs}"
@@ -100,7 +100,7 @@ def test_other_edge_counts(family):
 def test_negative_edge_counts_touch_no_frequency(family):
     for count in (-1, -2, -4, -(2**31)):
         wn = [UNTOUCHED] * 2
-        order = library.minimum_order(family, [], 1.0, 40.0, wn, edge_count=count)
+        order = trelvanix.FilterMinimumOrder(family, [], 1.0, 40.0, wn, edge_count=count)
         assert wn == [UNTOUCHED] * 2
         assert order == literal.minimum_order(family, [], 1.0, 40.0, [])
 
@@ -109,5 +109,5 @@ def test_negative_edge_counts_touch_no_frequency(family):
 def test_other_families_write_nothing(family):
     for edges in ([0.2, 0.3], [0.2, 0.5, 0.1, 0.6]):
         wn = [UNTOUCHED] * 2
-        assert library.minimum_order(family, edges, 1.0, 40.0, wn) is None
+        assert trelvanix.FilterMinimumOrder(family, edges, 1.0, 40.0, wn) is None
         assert wn == [UNTOUCHED] * 2

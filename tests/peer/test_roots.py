@@ -15,7 +15,7 @@ import numpy as np
 import pytest
 from scipy.optimize import linear_sum_assignment
 
-import trelvanix_iir as library
+import trelvanix_library as trelvanix
 
 mpmath.mp.dps = 80  # the last thirty are for the cancellation near clustered roots
 EPSILON = np.finfo(float).eps
@@ -23,7 +23,7 @@ SWEEPS = 4
 
 
 def library_roots(c):
-    values = library.roots(list(c), len(c))
+    values = trelvanix.Roots(list(c), len(c))
     assert len(values) == len(c)
     return np.array([complex(re, im) for re, im in values])
 

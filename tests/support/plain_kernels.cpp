@@ -107,4 +107,32 @@ std::vector<double> PlainIirFilter(const std::vector<double>& signal, const std:
     return output;
 }
 
+double PlainInterpolation(const std::vector<double>& x, const std::vector<double>& weights,
+                          const std::vector<double>& y, double xf)
+{
+    double numerator = 0.0;
+    double denominator = 0.0;
+    for (std::size_t j = 0; j < x.size(); ++j) {
+        const double c = weights[j] / (xf - x[j]);
+        numerator += c * y[j];
+        denominator += c;
+    }
+    return numerator / denominator;
+}
+
+double PlainLagrangeWeight(std::size_t k, std::size_t groupCount, const std::vector<double>& x)
+{
+    double q = 1.0;
+    for (std::size_t l = 0; l < groupCount; ++l) {
+        double product = 1.0;
+        for (std::size_t j = l; j < x.size(); j += groupCount) {
+            const double factor = 2.0 * (x[k] - x[j]);
+            if (factor != 0.0)
+                product *= factor;
+        }
+        q *= product;
+    }
+    return 1.0 / q;
+}
+
 } // namespace trelvanix::testing

@@ -1,6 +1,7 @@
 #ifndef TRELVANIX_TESTS_SUPPORT_PLAIN_KERNELS_H
 #define TRELVANIX_TESTS_SUPPORT_PLAIN_KERNELS_H
 
+#include <cstddef>
 #include <vector>
 
 // The kernels in their plainest form, which defines their bits: delay lines that fill and move sample
@@ -15,6 +16,13 @@ std::vector<double> PlainFirFilter(const std::vector<double>& signal, const std:
 
 std::vector<double> PlainIirFilter(const std::vector<double>& signal, const std::vector<double>& b,
                                    const std::vector<double>& a);
+
+// Value at xf of the polynomial with the values y at the nodes x, in barycentric form.
+double PlainInterpolation(const std::vector<double>& x, const std::vector<double>& weights,
+                          const std::vector<double>& y, double xf);
+
+// Weight of node k among the nodes x, its factors multiplied in groupCount groups.
+double PlainLagrangeWeight(std::size_t k, std::size_t groupCount, const std::vector<double>& x);
 
 } // namespace trelvanix::testing
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "common/filter_type.h"
+#include "classic/filter_type.h"
 
 // Windows and ideal responses sample after sample, every term and every sine where it stands: the form
 // that defines the bits of the library's.

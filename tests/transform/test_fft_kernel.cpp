@@ -25,14 +25,10 @@ using testing::HasSameBits;
 using testing::PlainForwardTransform;
 using testing::Samples;
 
-struct Kernels {
-    std::string name;
-    TransformComplexKernel* complex;
-    TransformConjugateKernel* conjugate;
-    TransformRealKernel* real;
+struct Kernels : FftKernels {
+    const char* name;
 };
 
-// GoogleTest would print the bytes, of which the string leaves some unwritten.
 void PrintTo(const Kernels& kernels, std::ostream* out)
 {
     *out << kernels.name;
@@ -42,15 +38,8 @@ void PrintTo(const Kernels& kernels, std::ostream* out)
 std::vector<Kernels> AllKernels()
 {
     std::vector<Kernels> all;
-    for (const InstructionSet set : testing::AvailableInstructionSets()) {
-        all.push_back({ForInstructionSet<const char>(set, "baseline", "avx2", "avx512"),
-                       ForInstructionSet(set, baseline::TransformComplex, avx2::TransformComplex,
-                                         avx512::TransformComplex),
-                       ForInstructionSet(set, baseline::TransformConjugate, avx2::TransformConjugate,
-                                         avx512::TransformConjugate),
-                       ForInstructionSet(set, baseline::TransformReal, avx2::TransformReal,
-                                         avx512::TransformReal)});
-    }
+    for (const InstructionSet set : testing::AvailableInstructionSets())
+        all.push_back({KernelsFor<FftKernels>(set), testing::NameOf(set)});
     return all;
 }
 
@@ -88,6 +77,8 @@ protected:
 
         std::vector<double> output(2 * size, 1e300);
         std::vector<double> twiddles(size + 1);
+        GetParam().makeTwiddleTable(static_cast<std::int64_t>(size), static_cast<int>(n),
+                                    twiddles.data());
         const auto transform = [&](TransformComplexKernel* kernel, const double* from) {
             kernel(from, output.data(), static_cast<std::int64_t>(size), static_cast<int>(n),
                    twiddles.data());
@@ -95,12 +86,13 @@ protected:
         };
 
         const std::vector<double> expected = select(PlainForwardTransform(input));
-        auto result = HasSameBits(expected, transform(GetParam().complex, input.data()).data());
+        auto result =
+            HasSameBits(expected, transform(GetParam().transformComplex, input.data()).data());
         if (!result)
             return result << " in the transform";
 
         output.assign(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(2 * size));
-        result = HasSameBits(expected, transform(GetParam().complex, output.data()).data());
+        result = HasSameBits(expected, transform(GetParam().transformComplex, output.data()).data());
         if (!result)
             return result << " in place";
 
@@ -110,7 +102,7 @@ protected:
         std::vector<double> scaled = select(PlainForwardTransform(conjugated));
         for (double& part : scaled)
             part /= static_cast<double>(n);
-        result = HasSameBits(scaled, transform(GetParam().conjugate, input.data()).data());
+        result = HasSameBits(scaled, transform(GetParam().transformConjugate, input.data()).data());
         if (!result)
             return result << " in the transform of the conjugate";
 
@@ -134,9 +126,11 @@ private:
         std::vector<double> imag(size, 1e300);
         std::vector<double> work(2 * size);
         std::vector<double> twiddles(size + 1);
-        GetParam().real(x.data(), static_cast<std::int64_t>(count), real.data(), imag.data(),
-                        static_cast<std::int64_t>(size), static_cast<int>(n), work.data(),
-                        twiddles.data());
+        GetParam().makeTwiddleTable(static_cast<std::int64_t>(size), static_cast<int>(n),
+                                    twiddles.data());
+        GetParam().transformReal(x.data(), static_cast<std::int64_t>(count), real.data(), imag.data(),
+                                 static_cast<std::int64_t>(size), static_cast<int>(n), twiddles.data(),
+                                 work.data());
         std::vector<double> spectrum;
         for (std::size_t k = 0; k < size; ++k)
             spectrum.insert(spectrum.end(), {real[k], imag[k]});

@@ -1,4 +1,4 @@
-#include "linalg/polynomial_roots.h"
+#include "classic/roots.h"
 
 #include <gtest/gtest.h>
 
@@ -146,30 +146,6 @@ TEST(Roots, AreReleasedByTheHost)
 {
     const double c[] = {1.0, -3.0};
     EXPECT_EQ(ReleaseComplexDoubleArray(::Roots(c, 2)), 1);
-}
-
-TEST(CompanionRoots, UsesEveryCoefficient)
-{
-    const double c[] = {1.0, -3.0, 2.0};
-    EXPECT_EQ(CompanionRoots(c, 2), (std::vector<Complex>{1.0, 2.0}));
-    const double scaled[] = {-2.0, 6.0, -4.0};
-    EXPECT_EQ(CompanionRoots(scaled, 2), (std::vector<Complex>{1.0, 2.0}));
-}
-
-TEST(CompanionRoots, HasNoneForDegreeZero)
-{
-    const double c[] = {5.0};
-    EXPECT_TRUE(CompanionRoots(c, 0).empty());
-}
-
-TEST(CompanionRoots, GoesOnBeyondTenSweeps)
-{
-    // x^8 + 1 gets stuck; its roots lie at odd multiples of pi / 8.
-    const double c[] = {1.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 1.0};
-    for (const Complex z : CompanionRoots(c, 8)) {
-        EXPECT_NEAR(std::abs(z), 1.0, 16 * epsilon);
-        EXPECT_NEAR(std::cos(8.0 * std::arg(z)), -1.0, 16 * epsilon);
-    }
 }
 
 } // namespace

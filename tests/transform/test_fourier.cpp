@@ -1,8 +1,10 @@
-#include "transform/fft_engine.h"
+#include "transform/fourier.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <vector>
 
@@ -22,11 +24,23 @@ using testing::Samples;
 
 constexpr double epsilon = std::numeric_limits<double>::epsilon();
 
+// Passes with a table of their own, made for the discrete Fourier transform.
+struct Prepared {
+    explicit Prepared(std::size_t n)
+        : table(n + 1),
+          passes(PrepareFourier(static_cast<std::int64_t>(n), static_cast<int>(n), table.data()))
+    {
+    }
+
+    std::vector<double> table;
+    FourierPasses passes;
+};
+
 std::vector<double> Transform(const std::vector<double>& input)
 {
     // Rubbish in the output shows that every element is written.
     std::vector<double> output(input.size(), 1e300);
-    ForwardTransform(input.data(), output.data(), static_cast<int>(input.size() / 2));
+    TransformComplex(Prepared(input.size() / 2).passes, input.data(), output.data());
     return output;
 }
 
@@ -62,12 +76,12 @@ double TransformTolerance(std::size_t n)
     return 8.0 * std::log2(size) * epsilon * std::sqrt(2.0) * size;
 }
 
-TEST(ForwardTransform, CopiesASingleElement)
+TEST(TransformComplex, CopiesASingleElement)
 {
     EXPECT_EQ(Transform({3.5, -0.25}), (std::vector<double>{3.5, -0.25}));
 }
 
-TEST(ForwardTransform, OfAnImpulseIsOneEverywhere)
+TEST(TransformComplex, OfAnImpulseIsOneEverywhere)
 {
     std::vector<double> impulse(16, 0.0);
     impulse[0] = 1.0;
@@ -78,7 +92,7 @@ TEST(ForwardTransform, OfAnImpulseIsOneEverywhere)
     }
 }
 
-TEST(ForwardTransform, OfADelayedImpulseTurnsWithTheNegativeExponent)
+TEST(TransformComplex, OfADelayedImpulseTurnsWithTheNegativeExponent)
 {
     std::vector<double> impulse(16, 0.0);
     impulse[2] = 1.0;
@@ -88,14 +102,14 @@ TEST(ForwardTransform, OfADelayedImpulseTurnsWithTheNegativeExponent)
     EXPECT_TRUE(IsNear(expected, Transform(impulse).data(), 4 * epsilon));
 }
 
-TEST(ForwardTransform, OfOneTwoThreeFour)
+TEST(TransformComplex, OfOneTwoThreeFour)
 {
     const std::vector<double> expected = {10, 0, -2, 2, -2, 0, -2, -2};
     // The twiddle -i has a real part of 6e-17 instead of 0.
     EXPECT_TRUE(IsNear(expected, Transform({1, 0, 2, 0, 3, 0, 4, 0}).data(), 4 * epsilon));
 }
 
-TEST(ForwardTransform, MatchesTheDefiningSumForPowersOfTwo)
+TEST(TransformComplex, MatchesTheDefiningSumForPowersOfTwo)
 {
     for (std::size_t n = 1; n <= 512; n *= 2) {
         const std::vector<double> input = Samples(static_cast<std::uint32_t>(n)).Plain(2 * n);
@@ -104,70 +118,77 @@ TEST(ForwardTransform, MatchesTheDefiningSumForPowersOfTwo)
     }
 }
 
-TEST(ForwardTransform, KeepsZerosForLengthSix)
+TEST(TransformComplex, WorksInPlace)
 {
-    const std::vector<double> input = Samples(6).Plain(12);
-    const std::vector<double> spectrum = Transform(input);
-    for (const std::size_t k : {0U, 2U, 4U, 5U}) {
-        EXPECT_TRUE(testing::SameBits(spectrum[2 * k], 0.0)) << "element " << k;
-        EXPECT_TRUE(testing::SameBits(spectrum[2 * k + 1], 0.0)) << "element " << k;
-    }
-}
-
-TEST(ForwardTransform, KeepsTwiddlesOfTheFullLengthForLengthSix)
-{
-    // Elements 1 and 3 come out of the butterflies of the first four inputs, with e^(-2 pi i k / 6)
-    // where a four-point transform has e^(-2 pi i k / 4): X[1] = (x0 - x2) + w (x1 - x3), X[3] = (x0 -
-    // x2) - ...
-    const std::vector<double> input = {1, 0, 2, 0, 3, 0, 5, 0, 7, 0, 11, 0};
-    const double wRe = 0.5;
-    const double wIm = -std::sqrt(3.0) / 2.0;
-    const std::vector<double> spectrum = Transform(input);
-    EXPECT_NEAR(spectrum[2], -2.0 + wRe * -3.0, 8 * epsilon);
-    EXPECT_NEAR(spectrum[3], wIm * -3.0, 8 * epsilon);
-    EXPECT_NEAR(spectrum[6], -2.0 - wRe * -3.0, 8 * epsilon);
-    EXPECT_NEAR(spectrum[7], -wIm * -3.0, 8 * epsilon);
-}
-
-TEST(ForwardTransform, IgnoresInputsBeyondTheLargestPowerOfTwo)
-{
-    std::vector<double> input = Samples(1).Plain(200);
-    const std::vector<double> spectrum = Transform(input);
-    for (std::size_t i = 128; i < input.size(); ++i)
-        input[i] = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(HasSameBits(spectrum, Transform(input).data()));
-}
-
-TEST(ForwardTransform, WorksInPlace)
-{
-    for (const int n : {1, 2, 7, 64, 100}) {
-        std::vector<double> data = Samples(2).Plain(2 * static_cast<std::size_t>(n));
+    for (const std::size_t n : {1U, 2U, 8U, 64U, 128U}) {
+        std::vector<double> data = Samples(2).Plain(2 * n);
         const std::vector<double> expected = Transform(data);
-        ForwardTransform(data.data(), data.data(), n);
+        TransformComplex(Prepared(n).passes, data.data(), data.data());
         EXPECT_TRUE(HasSameBits(expected, data.data())) << "n = " << n;
     }
 }
 
-TEST(ForwardTransform, DoesNothingForNoElements)
+TEST(TransformComplex, RunsAgainOverTheSameTable)
 {
-    double untouched[] = {5.0, 6.0};
-    ForwardTransform(untouched, untouched, 0);
-    EXPECT_EQ(untouched[0], 5.0);
-    EXPECT_EQ(untouched[1], 6.0);
+    const Prepared prepared(256);
+    const std::vector<double> input = Samples(4).Plain(512);
+    std::vector<double> first(512);
+    std::vector<double> second(512);
+    TransformComplex(prepared.passes, input.data(), first.data());
+    TransformComplex(prepared.passes, input.data(), second.data());
+    EXPECT_TRUE(HasSameBits(first, second.data()));
 }
 
-TEST(ForwardTransform, HasTheBitsOfThePlainFormForEveryLength)
+TEST(TransformComplex, HasTheBitsOfThePlainForm)
 {
     Samples samples(3);
-    for (std::size_t n = 1; n <= 300; ++n) {
+    for (std::size_t n = 1; n <= 4096; n *= 2) {
         for (const auto& input : {samples.Plain(2 * n), samples.Hostile(2 * n)})
             ASSERT_TRUE(HasSameBits(PlainForwardTransform(input), Transform(input).data()))
                 << "n = " << n;
     }
-    for (const std::size_t n : {1023U, 1024U, 4096U, 5000U}) {
-        const std::vector<double> input = samples.Plain(2 * n);
-        ASSERT_TRUE(HasSameBits(PlainForwardTransform(input), Transform(input).data())) << "n = " << n;
+}
+
+TEST(TransformConjugate, ConjugatesItsInputAndDividesByThePeriod)
+{
+    std::vector<double> input = Samples(5).Plain(64);
+    std::vector<double> output(64);
+    TransformConjugate(Prepared(32).passes, input.data(), output.data());
+    for (std::size_t k = 1; k < 64; k += 2)
+        input[k] = -input[k];
+    std::vector<double> expected = Transform(input);
+    for (double& part : expected)
+        part /= 32.0;
+    EXPECT_TRUE(HasSameBits(expected, output.data()));
+}
+
+TEST(TransformReal, PadsWithZerosAndSeparatesTheParts)
+{
+    const std::vector<double> x = Samples(6).Plain(100);
+    std::vector<double> padded(256, 0.0);
+    for (std::size_t k = 0; k < x.size(); ++k)
+        padded[2 * k] = x[k];
+    const std::vector<double> expected = Transform(padded);
+    std::vector<double> re(128);
+    std::vector<double> im(128);
+    std::vector<double> work(256);
+    TransformReal(Prepared(128).passes, x.data(), 100, re.data(), im.data(), work.data());
+    for (std::size_t k = 0; k < 128; ++k) {
+        ASSERT_TRUE(testing::SameBits(expected[2 * k], re[k])) << k;
+        ASSERT_TRUE(testing::SameBits(expected[2 * k + 1], im[k])) << k;
     }
+}
+
+TEST(FourierInstructionSet, GivesSmallTransformsNoMoreThanFourLanes)
+{
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::baseline, 64), InstructionSet::baseline);
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::baseline, 1024), InstructionSet::baseline);
+#if defined(TRELVANIX_X86_KERNELS)
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::avx2, 64), InstructionSet::avx2);
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::avx2, 1024), InstructionSet::avx2);
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::avx512, 64), InstructionSet::avx2);
+    EXPECT_EQ(FourierInstructionSet(InstructionSet::avx512, 128), InstructionSet::avx512);
+#endif
 }
 
 } // namespace

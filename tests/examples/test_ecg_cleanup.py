@@ -18,7 +18,7 @@ import warnings
 import numpy as np
 from scipy import signal
 
-EXAMPLES = pathlib.Path(__file__).resolve().parent
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
 RECORDING = EXAMPLES / "data" / "mitdb_208_mlii_60s.csv"
 HOST = None  # path of the host, from the command line
 
