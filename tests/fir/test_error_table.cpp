@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -52,14 +53,6 @@ std::vector<int> SomePoints(Samples& samples, std::size_t count, int every)
          l += 1 + samples.NextBelow(2 * every - 1))
         points.push_back(l);
     return points;
-}
-
-bool IsAmong(const std::vector<int>& points, int point)
-{
-    for (const int p : points)
-        if (p == point)
-            return true;
-    return false;
 }
 
 // The cosine sum with these coefficients, term by term.
@@ -113,7 +106,7 @@ TEST(ErrorTable, HoldsTheErrorsOfAFrequencyResponse)
             }
             errors.Start(p, iext);
             WalkAround(samples, errors, grid.count, [&](int point, double error) {
-                if (IsAmong(iext, point)) {
+                if (std::find(iext.begin(), iext.end(), point) != iext.end()) {
                     EXPECT_TRUE(std::isnan(error)) << point;
                     return;
                 }
@@ -143,7 +136,7 @@ TEST(ErrorTable, HasTheBitsOfTheBarycentricFormulaWhicheverPointsAreAskedFor)
 {
     Samples samples(642);
     for (int round = 0; round < 300; ++round) {
-        const auto count = static_cast<std::size_t>(2 + samples.NextBelow(200));
+        const std::size_t count = 2U + static_cast<std::size_t>(samples.NextBelow(200));
         Problem problem(samples, count);
         if (round % 3 == 0)
             problem.desired = samples.Hostile(count);
