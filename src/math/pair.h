@@ -187,8 +187,8 @@ constexpr Pair Abs(Pair x)
 }
 
 // Whether every number within bound of high + low rounds to the same double, which then is high + low as
-// the processor adds it. For |low| <= ulp(high); bound must be larger than the error proper by 2^-105 of
-// |high|, because its sum with low is rounded too, and high a normal number. Source: Ziv 1991.
+// the processor adds it. bound must hold, beyond the error proper, the roundings of its sums with low:
+// 2^-53 |low| and 2^-53 of itself. The rounded sum must be a normal number. Source: Ziv 1991.
 constexpr bool RoundsSafely(double high, double low, double bound)
 {
     return high + (low - bound) == high + (low + bound);
