@@ -107,6 +107,12 @@ Pair ToPair(const QuarterTurns& turns, int limbs)
 
 } // namespace
 
+ReducedAngle ReduceLarge(double x)
+{
+    const ReducedPair angle = ReduceToPair({x, 0.0});
+    return {angle.index, angle.rest.high, angle.rest.low, 0x1p-101 * std::fabs(angle.rest.high)};
+}
+
 // Six bits become the index, 106 the pair, the last 34 are uncertain: 142 bits are left to cancel.
 ReducedPair ReduceToPair(Pair x)
 {

@@ -57,6 +57,9 @@ inline ReducedAngle ReduceModerate(double x)
             std::fabs(k) * 0x1p-123};
 }
 
+// For any finite x of magnitude above 2^-20.
+ReducedAngle ReduceLarge(double x);
+
 // For any finite x.high + x.low of magnitude above 2^-20.
 ReducedPair ReduceToPair(Pair x);
 

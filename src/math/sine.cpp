@@ -13,12 +13,6 @@ namespace
 constexpr int sineSteps = 0;
 constexpr int cosineSteps = quarterSteps;
 
-FastAngle PrepareLarge(double x)
-{
-    const ReducedPair angle = ReduceToPair({x, 0.0});
-    return PrepareFast({angle.index, angle.rest.high, angle.rest.low, 0.0});
-}
-
 // What is left to pairs, once in some hundred calls, and once in 10^13 to wide numbers.
 double AccurateSine(double x, int steps)
 {
@@ -38,9 +32,8 @@ double Rounded(const Estimate& estimate, double x, int steps)
 
 double SineOfSteps(double x, int steps)
 {
-    const FastAngle angle =
-        std::fabs(x) <= largestModerate ? PrepareFast(ReduceModerate(x)) : PrepareLarge(x);
-    return Rounded(FastSine(angle, steps), x, steps);
+    const ReducedAngle angle = std::fabs(x) <= largestModerate ? ReduceModerate(x) : ReduceLarge(x);
+    return Rounded(FastSine(PrepareFast(angle), steps), x, steps);
 }
 
 // Below these the next term of the series is less than a quarter of an ulp.
