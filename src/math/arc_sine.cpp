@@ -28,7 +28,7 @@ template <class Wide>
 double AngleOf(Pair y, Pair x, const Wide& wide)
 {
     const Estimate fast = FastAngleOf(y, x);
-    if (RoundsSafely(fast))
+    if (RoundsSafely(fast)) [[likely]]
         return fast.high + fast.low;
     const Pair accurate = PairAngleOf(y, x);
     if (RoundsSafely(accurate.high, accurate.low, pairBound * accurate.high))

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "math/arc_tangent_kernel.h"
+#include "math/scaled_rounding.h"
 #include "math/trigonometric.h"
 #include "math/wide_trigonometric.h"
 
@@ -28,19 +29,9 @@ Scaled SplitExponent(double x)
     return {significand, subnormal ? exponent - 54 : exponent};
 }
 
-// x 2^power, for powers from -3200 to 3200, rounded where it is subnormal.
-double TimesPowerOfTwo(double x, int power)
+Pair ScalePair(Pair x, int exponent)
 {
-    for (; power < -1000; power += 1000)
-        x *= 0x1p-1000;
-    for (; power > 1000; power -= 1000)
-        x *= 0x1p1000;
-    return x * std::bit_cast<double>(static_cast<std::uint64_t>(power + 1023) << 52);
-}
-
-Pair TimesPowerOfTwo(Pair x, int power)
-{
-    return {TimesPowerOfTwo(x.high, power), TimesPowerOfTwo(x.low, power)};
+    return {ScaleByPowerOfTwo(x.high, exponent), ScaleByPowerOfTwo(x.low, exponent)};
 }
 
 // Where a coordinate is zero or infinite, the angle is one of these multiples of pi / 4.
@@ -78,7 +69,7 @@ double SmallAngle(double y, double x)
 double AngleOf(double y, double x)
 {
     const Estimate fast = FastAngleOf({y, 0.0}, {x, 0.0});
-    if (RoundsSafely(fast))
+    if (RoundsSafely(fast)) [[likely]]
         return fast.high + fast.low;
     const Pair accurate = PairAngleOf({y, 0.0}, {x, 0.0});
     if (RoundsSafely(accurate.high, accurate.low, pairBound * accurate.high))
@@ -91,6 +82,9 @@ double AngleOf(double y, double x)
 // bits of pi that follow the nearest double are far from a midpoint.
 constexpr int doubleRatio = 60;
 constexpr int pairRatio = 115;
+
+// Any quotient below 2^-1200 is zero.
+constexpr int smallestRatio = -1200;
 
 } // namespace
 
@@ -120,7 +114,7 @@ double Atan2(double y, double x)
         return std::copysign(nearestHalfPi, y);
     if (ratio < -doubleRatio)
         return std::copysign(x < 0.0 ? nearestPi : SmallAngle(std::fabs(y), x), y);
-    return std::copysign(AngleOf(TimesPowerOfTwo(height.significand, ratio), width.significand), y);
+    return std::copysign(AngleOf(ScaleByPowerOfTwo(height.significand, ratio), width.significand), y);
 }
 
 Pair Atan(Pair x)
@@ -145,11 +139,11 @@ Pair Atan2(Pair y, Pair x)
         return withSign(halfPiPair);
     if (ratio < -pairRatio && x.high < 0.0)
         return withSign(piPair);
-    const Pair width = TimesPowerOfTwo(x, -exponent);
-    const Pair height = TimesPowerOfTwo(Abs(y), -exponent - ratio);
+    const Pair width = ScalePair(x, -exponent);
+    const Pair height = ScalePair(Abs(y), -exponent - ratio);
     if (ratio < -doubleRatio && x.high > 0.0)
-        return withSign(TimesPowerOfTwo(height / width, ratio));
-    return withSign(PairAngleOf(TimesPowerOfTwo(height, ratio), width));
+        return withSign(ScalePair(height / width, std::max(ratio, smallestRatio)));
+    return withSign(PairAngleOf(ScalePair(height, ratio), width));
 }
 
 } // namespace trelvanix

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "math/scaled_rounding.h"
+
 namespace trelvanix
 {
 namespace
@@ -79,11 +81,6 @@ Nearest TakeNearest(QuarterTurns& turns, int bits, int limbs)
         }
     }
     return {(leading + next + (negative ? 1 : 0)) % (4 << bits), negative};
-}
-
-double PowerOfTwo(int exponent)
-{
-    return std::bit_cast<double>(static_cast<std::uint64_t>(exponent + 1023) << 52);
 }
 
 // 0.turns[0] turns[1] ... as a pair, error below 2^-105 relative and what lies beyond the limbs.

@@ -25,12 +25,14 @@ double AccurateSine(double x, int steps)
     });
 }
 
-double Rounded(const Estimate& estimate, double x, int steps)
+inline double Rounded(const Estimate& estimate, double x, int steps)
 {
-    return RoundsSafely(estimate) ? estimate.high + estimate.low : AccurateSine(x, steps);
+    if (RoundsSafely(estimate)) [[likely]]
+        return estimate.high + estimate.low;
+    return AccurateSine(x, steps);
 }
 
-double SineOfSteps(double x, int steps)
+inline double SineOfSteps(double x, int steps)
 {
     const ReducedAngle angle = std::fabs(x) <= largestModerate ? ReduceModerate(x) : ReduceLarge(x);
     return Rounded(FastSine(PrepareFast(angle), steps), x, steps);

@@ -77,7 +77,7 @@ double SineOfMultiple(double x, int steps)
 {
     const Multiple multiple = Reduce(x);
     const Estimate result = FastSine(PrepareFast(TimesPi(multiple)), steps);
-    if (RoundsSafely(result))
+    if (RoundsSafely(result)) [[likely]]
         return result.high + result.low;
     const Pair accurate = PairSine(PreparePairOfMultiple(Pair{WithoutTurns(x), 0.0}), steps);
     if (RoundsSafely(accurate.high, accurate.low, pairBound * std::fabs(accurate.high)))
@@ -150,7 +150,7 @@ double TanPi(double x)
         return TimesPiAlone(x);
     const Multiple multiple = Reduce(x);
     const Estimate result = FastTangent(PrepareFast(TimesPi(multiple)));
-    if (RoundsSafely(result))
+    if (RoundsSafely(result)) [[likely]]
         return result.high + result.low;
     const Pair accurate = PairTangent(PreparePairOfMultiple(Pair{turns, 0.0}));
     if (RoundsSafely(accurate.high, accurate.low, pairBound * std::fabs(accurate.high)))

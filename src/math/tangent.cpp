@@ -33,7 +33,9 @@ double Tan(double x)
         return x - x;
     const Estimate result =
         FastTangent(PrepareFast(std::fabs(x) <= largestModerate ? ReduceModerate(x) : ReduceLarge(x)));
-    return RoundsSafely(result) ? result.high + result.low : AccurateTangent(x);
+    if (RoundsSafely(result)) [[likely]]
+        return result.high + result.low;
+    return AccurateTangent(x);
 }
 
 Pair Tan(Pair x)
