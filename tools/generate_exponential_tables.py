@@ -102,7 +102,7 @@ def constants():
     high, middle, low = split(ln2, -42, 2)
     text += constant("ln2High", high)
     text += f"inline constexpr Pair ln2Low = {{{middle.hex()}, {low.hex()}}};\n"
-    text += pair("ln2", ln2)
+    text += pair("ln2Pair", ln2)
     text += pair("reciprocalOfLn2", 1 / ln2)
     text += pair("reciprocalOfLn10", 1 / mpmath.log(10))
     for divisor in (6, 24, 120):

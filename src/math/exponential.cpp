@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "math/exponential_core.h"
+#include "math/quick_exponential.h"
 #include "math/scaled_rounding.h"
 #include "math/wide_exponential.h"
 
@@ -18,20 +19,12 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double Exp(double x)
 {
-    // The first bound is above the logarithm of the largest double, the second below that of half of the
-    // smallest.
-    if (!(x < 709.8))
-        return x + infinity;
-    if (x < -745.2)
-        return 0.0;
-    if (std::fabs(x) < 0x1p-54)
-        return 1.0;
-    if (const auto quick = RoundScaled(QuickExp(x, 0.0), 0x1p-67))
-        return *quick;
-    if (const auto result = RoundScaled(ExpOfPair({x, 0.0}), 0x1p-98))
-        return *result;
-    // Exp(x) is irrational for x != 0: some precision decides.
-    return RoundWide([x](int limbs) { return WideExp(ToWide(x, limbs + 2), limbs + 2); });
+    if (std::fabs(x) < 708.0) {
+        const auto [value, exponent] = QuickExp(x, 0.0);
+        if (RoundsSafely(value.high, value.low, 0x1.1p-67))
+            return (value.high + value.low) * PowerOfTwo(exponent);
+    }
+    return ExpByPairs(x);
 }
 
 Pair Exp(Pair x)

@@ -1,29 +1,16 @@
 #include "math/exponential_core.h"
 
-#include <array>
+#include <limits>
+
+#include "math/exponential_tables.h"
+#include "math/quick_exponential.h"
+#include "math/scaled_rounding.h"
+#include "math/wide_exponential.h"
 
 namespace trelvanix
 {
 namespace
 {
-
-#include "math/exponential_constants.inc"
-
-// 2^(j / 128) = high + middle + low; high has 26 bits.
-struct PowerOfTwoRow {
-    double high, middle, low;
-};
-
-constexpr std::array<PowerOfTwoRow, 128> powersOfTwo = {{
-#include "math/exponential_table.inc"
-}};
-
-// 128 k + j as a double.
-double NearestStep(double x)
-{
-    constexpr double toInteger = 0x1.8p52; // makes the last bit of a sum weigh one
-    return (x * stepsPerUnit + toInteger) - toInteger;
-}
 
 struct Reduced {
     const PowerOfTwoRow* row;
@@ -35,11 +22,10 @@ struct Reduced {
 // of the smaller of ulp(x.high) and 2^-43, the result is below 2^-8. Error: 2^-114 (last product), 3 u^2 |r|.
 Reduced Reduce(Pair x)
 {
-    const double steps = NearestStep(x.high);
-    const auto index = static_cast<int>(steps);
+    const auto [steps, row, exponent] = FindStep(x.high);
     const double r0 = x.high - steps * stepHigh;
     const Pair r = (TwoSum(r0, -steps * stepMiddle) + x.low) - steps * stepLow;
-    return {&powersOfTwo[static_cast<unsigned>(index) & 127U], index >> 7, r};
+    return {row, exponent, r};
 }
 
 // e^r - 1 for |r| <= log(2) / 256 + 2^-40, by the series to r^10: what is left out is below
@@ -57,42 +43,25 @@ Pair ExpMinusOneOfSmall(Pair r)
 
 } // namespace
 
-// With u = 2^-53 and |r| < 2^-8.5:
-//   r     r0 is exact. Below 2^-26 in magnitude r0 - middle may lose up to 2^-79 to FastTwoSum, else the
-//         sum is exact; the product with stepMiddle + stepLow is rounded at 2^-26 u = 2^-79
-//   q     = e^r - 1 - r: the series is cut at 2^-72, evaluated with 2 u |q| < 2^-70
-//   T e^r = a + a r1 + (b + a r2 + b r + T (q + rest e^r)), T = a + b: a has 26 bits and r1 is a multiple of 2^-34,
-//         so that their product is exact; b and a r2 are below 2^-25, so their errors are below 2^-77
-// Together less than 2^-69 against a result of 1 at least.
-ScaledPair QuickExp(double high, double low)
-{
-    const double steps = NearestStep(high);
-    const auto index = static_cast<int>(steps);
-    const PowerOfTwoRow& row = powersOfTwo[static_cast<unsigned>(index) & 127U];
-    const Pair r = FastTwoSum(high - steps * stepHigh, -steps * (stepMiddle + stepLow));
-    const double rest = r.low + low;
-
-    constexpr double toMultiple = 0x1.8p18; // makes the last bit of a sum weigh 2^-34
-    const double x = r.high;
-    const double r1 = (x + toMultiple) - toMultiple;
-    const double square = x * x;
-    const double q = square * (0.5 + x * (1.0 / 6)) +
-                     square * square * (1.0 / 24 + x * (1.0 / 120 + x * (1.0 / 720)));
-    const double correction = q + (rest + rest * (x + q));
-
-    const double a = row.high, b = row.middle;
-    const Pair sum = FastTwoSum(a, a * r1);
-    const double rounded = a + b;
-    const double tail = sum.low + (b + ((a * (x - r1) + b * x) + rounded * correction));
-    return {FastTwoSum(sum.high, tail), index >> 7};
-}
-
 // T + T (e^r - 1): the product is below 2^-8.4, the errors of the sum (3 u^2) and of the table (2 u^2) count.
 ScaledPair ExpOfPair(Pair x)
 {
     const auto [row, exponent, r] = Reduce(x);
     const Pair power = FastTwoSum(row->high, row->middle) + row->low;
     return {power + power * ExpMinusOneOfSmall(r), exponent};
+}
+
+// The first bound is above the logarithm of the largest double, the second below that of half of the
+// smallest. e^x is irrational for x != 0: some precision decides.
+double ExpByPairs(double x)
+{
+    if (!(x < 709.8))
+        return x + std::numeric_limits<double>::infinity();
+    if (x < -745.2)
+        return 0.0;
+    if (const auto result = RoundScaled(ExpOfPair({x, 0.0}), 0x1p-98))
+        return *result;
+    return RoundWide([x](int limbs) { return WideExp(ToWide(x, limbs + 2), limbs + 2); });
 }
 
 // (2^k T - 1) + 2^k T (e^r - 1). Without its low parts the table's power is exact, so that the difference

@@ -11,14 +11,14 @@ namespace trelvanix
 //
 //     x = (128 k + j) log(2) / 128 + r,   |r| <= log(2) / 256,   e^x = 2^k 2^(j / 128) e^r,
 //
-// with 2^(j / 128) from a table (the reduction of Tang 1989). All take |x.high| < 1100; value.high of the
-// results lies between 0.99 and 2.01.
-
-// e^(high + low), relative error below 2^-67; |low| <= 2^-42, high and low need not be a pair in form.
-ScaledPair QuickExp(double high, double low);
+// with 2^(j / 128) from a table (the reduction of Tang 1989). Those of pairs take |x.high| < 1100; value.high of
+// their results lies between 0.99 and 2.01.
 
 // e^x, relative error below 2^-99.
 ScaledPair ExpOfPair(Pair x);
+
+// The double nearest to e^x without a quick phase, for any x.
+double ExpByPairs(double x);
 
 // e^x - 1, relative error below 2^-99; |x| < 700.
 Pair ExpMinusOneOfPair(Pair x);

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "math/exponential.h"
+#include "math/exponential_tables.h"
 #include "math/logarithm_core.h"
 #include "math/scaled_rounding.h"
 #include "math/wide_exponential.h"
@@ -11,8 +12,6 @@ namespace trelvanix
 {
 namespace
 {
-
-#include "math/exponential_constants.inc"
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
@@ -23,7 +22,7 @@ constexpr double large = 0x1p56;
 
 Pair LogOfDouble(Pair x)
 {
-    return LogOfPair(x) + ln2;
+    return LogOfPair(x) + ln2Pair;
 }
 
 // log(1 + x + x^2 / (1 + sqrt(1 + x^2))) for x > 0: no term cancels, and the logarithm doesn't enlarge the relative

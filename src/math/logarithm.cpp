@@ -2,7 +2,9 @@
 #include <limits>
 
 #include "math/exponential.h"
+#include "math/exponential_tables.h"
 #include "math/logarithm_core.h"
+#include "math/quick_logarithm.h"
 #include "math/scaled_rounding.h"
 #include "math/wide_exponential.h"
 
@@ -11,30 +13,13 @@ namespace trelvanix
 namespace
 {
 
-#include "math/exponential_constants.inc"
-
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-
-// Whether a logarithm of x has a finite value.
-bool IsInDomain(double x)
-{
-    return x > 0.0 && x < infinity;
-}
-
-// The logarithm of what isn't in the domain.
-double LogOfSpecial(double x)
-{
-    if (x == 0.0)
-        return -infinity;
-    return x < 0.0 ? nan : x;
-}
 
 // log(x) / log(base) for a whole base. It is rational for a power of the base alone; that is a whole number, which
 // rounds safely from any precision, so that some precision decides in every case.
 double LogToBase(double x, Pair reciprocal, double base)
 {
-    if (!IsInDomain(x))
+    if (!IsInDomainOfLog(x))
         return LogOfSpecial(x);
     if (const auto result = Round(LogOfPair({x, 0.0}) * reciprocal, 0x1p-97))
         return *result;
@@ -46,7 +31,7 @@ double LogToBase(double x, Pair reciprocal, double base)
 
 Pair LogToBase(Pair x, Pair reciprocal)
 {
-    if (!IsInDomain(x.high))
+    if (!IsInDomainOfLog(x.high))
         return {LogOfSpecial(x.high), 0.0};
     return LogOfPair(x) * reciprocal;
 }
@@ -55,19 +40,16 @@ Pair LogToBase(Pair x, Pair reciprocal)
 
 double Log(double x)
 {
-    if (!IsInDomain(x))
-        return LogOfSpecial(x);
-    if (const auto quick = Round(QuickLog(x), 0x1p-65))
-        return *quick;
-    if (const auto result = Round(LogOfPair({x, 0.0}), 0x1p-98))
-        return *result;
-    // log(x) is irrational for x != 1: some precision decides.
-    return RoundWide([x](int limbs) { return WideLog(ToWide(x, limbs + 2), limbs + 2); });
+    if (x >= std::numeric_limits<double>::min() && x < infinity) {
+        if (const auto result = Round(QuickLog(x), 0x1p-65))
+            return *result;
+    }
+    return LogByPairs(x);
 }
 
 Pair Log(Pair x)
 {
-    if (!IsInDomain(x.high))
+    if (!IsInDomainOfLog(x.high))
         return {LogOfSpecial(x.high), 0.0};
     return LogOfPair(x);
 }

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <limits>
+#include <cstdlib>
 #include <optional>
 
 #include "math/pair.h"
@@ -50,7 +50,10 @@ inline std::optional<double> RoundScaled(ScaledPair x, double relativeBound)
     if (x.exponent >= -1014 || high >= ScaleByPowerOfTwo(1.0, -1022 - x.exponent)) {
         if (!RoundsSafely(high, low, bound))
             return std::nullopt;
-        return ScaleByPowerOfTwo(high + low, x.exponent);
+        const double rounded = high + low;
+        if (std::abs(x.exponent) <= 1000)
+            return rounded * PowerOfTwo(x.exponent);
+        return ScaleByPowerOfTwo(rounded, x.exponent);
     }
     if (x.exponent < -1084)
         return 0.0;
