@@ -17,6 +17,14 @@ Pair OtherLeg(Pair x)
     return Sqrt((1.0 - x) * (1.0 + x));
 }
 
+// The same of a double, whose square is exact as a pair; where it is near 1, the difference is, too.
+Pair OtherLeg(double x)
+{
+    const Pair square = TwoProduct(x, x);
+    const Pair difference = TwoSum(1.0, -square.high);
+    return Sqrt(FastTwoSum(difference.high, difference.low - square.low));
+}
+
 WideNumber WideOtherLeg(const WideNumber& x)
 {
     const WideNumber one = ToWide(1.0, x.limbs);
@@ -49,7 +57,7 @@ double Asin(double x)
     if (!(magnitude < 1.0))
         return magnitude == 1.0 ? std::copysign(nearestHalfPi, x) : nan;
     const Pair leg{magnitude, 0.0};
-    return std::copysign(AngleOf(leg, OtherLeg(leg),
+    return std::copysign(AngleOf(leg, OtherLeg(magnitude),
                                  [=](int limbs, double estimate) {
                                      const WideNumber wide = ToWide(magnitude, limbs);
                                      return WideAngle(wide, WideOtherLeg(wide), estimate);
@@ -68,7 +76,7 @@ double Acos(double x)
         return x == -1.0 ? nearestPi : nan;
     }
     const Pair leg{x, 0.0};
-    return AngleOf(OtherLeg(leg), leg, [=](int limbs, double estimate) {
+    return AngleOf(OtherLeg(x), leg, [=](int limbs, double estimate) {
         const WideNumber wide = ToWide(x, limbs);
         return WideAngle(WideOtherLeg(wide), wide, estimate);
     });

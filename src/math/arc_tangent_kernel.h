@@ -52,11 +52,12 @@ constexpr Pair UnfoldAngle(Pair angle, Pair y, Pair x)
 // |angle of (x, y)|, where both coordinates have relative errors below 2^-104, magnitudes from 2^-300 to
 // 2^300 and a quotient from 2^-300 to 2^300.
 //
-// With u = 2^-53 and t = atan d - d, |t| < |d|^3 / 3: numerator and denominator are in error by less than
-// 2^-102 of y and of x, and so is d of y / x and of itself, its low part included; t by 4.5 u |t| from its
-// factors, 0.1 u |d|^3 from the terms left out (d^11 / 11) and u |d|^3 from leaving the low part out. Three
-// sums and that with the bound in RoundsSafely round to u of a magnitude of |t| + 2^-52 of the angle. All
-// is below 5 u |d|^3 + 2^-99 of the angle.
+// With u = 2^-53, a the angle folded into the first half quadrant and t = atan d - d, |t| < |d|^3 / 3: |d|
+// is below 1.01 a. Numerator and denominator are in error by less than 2^-102 of y and of x, and so is d by
+// 2^-101 a, its low part included. The low part is below 2 u a, not always small beside d: leaving it out of
+// t costs 2 u a d^2. t is in error by 4.5 u |t| from its factors and 0.1 u |d|^3 from the terms left out
+// (d^11 / 11). Three sums and that with the bound in RoundsSafely round to u of a magnitude of |t| + 2^-52 a,
+// or 2^-52 of the unfolded angle. All is below 6 u a d^2 and 2^-99 of the angle.
 inline Estimate FastAngleOf(Pair y, Pair x)
 {
     const HalfQuadrant point = FoldPoint(y, x);
@@ -80,7 +81,7 @@ inline Estimate FastAngleOf(Pair y, Pair x)
     const Pair node = arcTangentTable[static_cast<unsigned>(k)];
     const Pair sum = FastTwoSum(node.high, d);
     const Pair angle = UnfoldAngle(FastTwoSum(sum.high, sum.low + (node.low + (low + series))), y, x);
-    return {angle.high, angle.low, 0x1p-50 * std::fabs(d) * square + 0x1p-99 * angle.high};
+    return {angle.high, angle.low, 0x1p-50 * sum.high * square + 0x1p-99 * angle.high};
 }
 
 // The same with pairs: relative error below 2^-98.

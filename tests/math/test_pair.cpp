@@ -1,52 +1,23 @@
 #include "math/pair.h"
 
 #include <gtest/gtest.h>
-#include <mpfr.h>
 
 #include <cmath>
 #include <random>
+
+#include "math/exact_number.h"
 
 namespace trelvanix
 {
 namespace
 {
 
-// An MPFR number that is released at the end of its scope. 400 bits hold every sum and product below.
-class Exact
-{
-public:
-    Exact()
-    {
-        mpfr_init2(value_, 400);
-    }
-    explicit Exact(Pair x) : Exact()
-    {
-        mpfr_set_d(value_, x.high, MPFR_RNDN);
-        mpfr_add_d(value_, value_, x.low, MPFR_RNDN);
-    }
-    Exact(const Exact&) = delete;
-    Exact& operator=(const Exact&) = delete;
-    ~Exact()
-    {
-        mpfr_clear(value_);
-    }
-    mpfr_ptr Get()
-    {
-        return value_;
-    }
-
-private:
-    mpfr_t value_;
-};
+using testing::Exact;
 
 // |got / expected - 1| in units of 2^-106.
 double ErrorOf(Pair got, Exact& expected)
 {
-    Exact error(got);
-    mpfr_sub(error.Get(), error.Get(), expected.Get(), MPFR_RNDN);
-    mpfr_div(error.Get(), error.Get(), expected.Get(), MPFR_RNDN);
-    mpfr_mul_2si(error.Get(), error.Get(), 106, MPFR_RNDN);
-    return std::fabs(mpfr_get_d(error.Get(), MPFR_RNDN));
+    return testing::RelativeError(got, expected) * 0x1p106;
 }
 
 class RandomPairs
