@@ -58,12 +58,12 @@ inline std::optional<double> RoundScaled(ScaledPair x, double relativeBound)
     if (x.exponent < -1084)
         return 0.0;
     // The result is a multiple of 2^-1074. Added to x, this power of two makes the last bit of the sum that
-    // multiple, so that the processor rounds there. What is left of x is one double, not two: that is the
-    // larger bound.
+    // multiple, so that the processor rounds there. What is left of x becomes one double, of which two
+    // roundings are uncertain.
     const double shift = ScaleByPowerOfTwo(1.0, -1022 - x.exponent);
     const Pair sum = FastTwoSum(shift, high);
     const double rest = sum.low + low;
-    bound += 0x1p-50 * high;
+    bound += 0x1p-51 * std::fabs(rest);
     const double below = sum.high + (rest - bound);
     if (below != sum.high + (rest + bound))
         return std::nullopt;
