@@ -2,91 +2,17 @@
 #define TRELVANIX_TESTS_MATH_EXACT_VALUES_H
 
 #include <gtest/gtest.h>
-#include <mpfr.h>
 
 #include <cmath>
 #include <cstdint>
 #include <random>
 
+#include "exact_number.h"
 #include "math/pair.h"
 #include "support/bits.h"
 
 namespace trelvanix::testing
 {
-
-// A number of MPFR with room for every sum of two doubles whose exponents differ by 400 at most.
-class Exact
-{
-public:
-    Exact()
-    {
-        mpfr_init2(value, 512);
-    }
-    explicit Exact(Pair x) : Exact()
-    {
-        mpfr_set_d(value, x.high, MPFR_RNDN);
-        mpfr_add_d(value, value, x.low, MPFR_RNDN);
-    }
-    ~Exact()
-    {
-        mpfr_clear(value);
-    }
-    Exact(const Exact&) = delete;
-    Exact& operator=(const Exact&) = delete;
-
-    operator mpfr_ptr()
-    {
-        return value;
-    }
-
-private:
-    mpfr_t value;
-};
-
-using ExactFunction = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_rnd_t);
-using ExactFunctionOfTwo = int (*)(mpfr_ptr, mpfr_srcptr, mpfr_srcptr, mpfr_rnd_t);
-
-// MPFR with the precision and the exponents of doubles, while it lives.
-class DoubleRounding
-{
-public:
-    DoubleRounding()
-    {
-        mpfr_set_emin(-1073);
-        mpfr_set_emax(1024);
-        mpfr_inits2(53, x, y, result, static_cast<mpfr_ptr>(nullptr));
-    }
-    ~DoubleRounding()
-    {
-        mpfr_clears(x, y, result, static_cast<mpfr_ptr>(nullptr));
-        mpfr_set_emin(mpfr_get_emin_min());
-        mpfr_set_emax(mpfr_get_emax_max());
-    }
-    DoubleRounding(const DoubleRounding&) = delete;
-    DoubleRounding& operator=(const DoubleRounding&) = delete;
-
-    double Nearest(ExactFunction function, double argument)
-    {
-        mpfr_set_d(x, argument, MPFR_RNDN);
-        return Round(function(result, x, MPFR_RNDN));
-    }
-
-    double Nearest(ExactFunctionOfTwo function, double first, double second)
-    {
-        mpfr_set_d(x, first, MPFR_RNDN);
-        mpfr_set_d(y, second, MPFR_RNDN);
-        return Round(function(result, x, y, MPFR_RNDN));
-    }
-
-private:
-    double Round(int ternary)
-    {
-        mpfr_subnormalize(result, ternary, MPFR_RNDN);
-        return mpfr_get_d(result, MPFR_RNDN);
-    }
-
-    mpfr_t x, y, result;
-};
 
 inline ::testing::AssertionResult AreSameBits(double expected, double got)
 {
@@ -98,10 +24,7 @@ inline ::testing::AssertionResult AreSameBits(double expected, double got)
 // Whether the pair is within the relative error of the exact value, which is not zero.
 inline ::testing::AssertionResult IsClose(Pair got, Exact& exact, double relativeError)
 {
-    Exact difference(got);
-    mpfr_sub(difference, difference, exact, MPFR_RNDN);
-    mpfr_div(difference, difference, exact, MPFR_RNDN);
-    const double error = std::fabs(mpfr_get_d(difference, MPFR_RNDN));
+    const double error = RelativeError(got, exact);
     if (error <= relativeError)
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << "relative error 2^" << std::log2(error) << " of "
@@ -150,7 +73,7 @@ inline void ExpectPairsAreClose(Pair (*function)(Pair), ExactFunction exact, dou
             x = -x;
         Exact argument(x);
         Exact expected;
-        exact(expected, argument, MPFR_RNDN);
+        exact(expected.Get(), argument.Get(), MPFR_RNDN);
         ASSERT_TRUE(IsClose(function(x), expected, pairError)) << x.high << " + " << x.low;
     }
 }
@@ -159,10 +82,10 @@ inline void ExpectPairsAreClose(Pair (*function)(Pair), ExactFunction exact, dou
 inline void ExpectNearest(double (*function)(double), ExactFunction exact, double lower, double upper)
 {
     RandomPairs random(19);
-    DoubleRounding rounding;
+    NearestDouble nearest;
     for (int i = 0; i < 2000; ++i) {
         const double x = random.Uniform(lower, upper);
-        ASSERT_TRUE(AreSameBits(rounding.Nearest(exact, x), function(x))) << x;
+        ASSERT_TRUE(AreSameBits(nearest.Of(exact, x), function(x))) << x;
     }
 }
 

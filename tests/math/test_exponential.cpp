@@ -16,11 +16,11 @@ namespace
 {
 
 using testing::AreSameBits;
-using testing::DoubleRounding;
 using testing::Exact;
 using testing::ExpectNearest;
 using testing::ExpectPairsAreClose;
 using testing::IsClose;
+using testing::NearestDouble;
 using testing::pairError;
 using testing::RandomPairs;
 
@@ -39,11 +39,11 @@ TEST(Exp, HasTheSpecialValuesOfAnnexF)
 
 TEST(Exp, OverflowsAndUnderflowsWhereTheNearestDoubleDoes)
 {
-    DoubleRounding exact;
+    NearestDouble nearest;
     // log(2^1024 - 2^970) lies between the first two, log(2^-1075) between the next two.
     for (const double x : {0x1.62e42fefa39efp+9, 0x1.62e42fefa39fp+9, -0x1.74910d52d3051p+9,
                            -0x1.74910d52d3052p+9, 1e300, -1e300, 709.8, -745.2, 708.0, -708.0})
-        EXPECT_TRUE(AreSameBits(exact.Nearest(mpfr_exp, x), Exp(x))) << x;
+        EXPECT_TRUE(AreSameBits(nearest.Of(mpfr_exp, x), Exp(x))) << x;
     EXPECT_LT(Exp(0x1.62e42fefa39efp+9), inf);
     EXPECT_EQ(Exp(0x1.62e42fefa39fp+9), inf);
     EXPECT_EQ(Exp(-0x1.74910d52d3051p+9), 0x1p-1074);
@@ -68,10 +68,10 @@ constexpr std::array<double, 4> hardForExp = {0x1p-53, -0x1p-54, -0x1.8p-53, 0x1
 
 TEST(Exp, DecidesTheHardestArgumentsInItsLastPhase)
 {
-    DoubleRounding exact;
+    NearestDouble nearest;
     for (const double x : hardForExp) {
         EXPECT_FALSE(RoundScaled(ExpOfPair({x, 0.0}), 0x1p-98)) << x;
-        EXPECT_TRUE(AreSameBits(exact.Nearest(mpfr_exp, x), Exp(x))) << x;
+        EXPECT_TRUE(AreSameBits(nearest.Of(mpfr_exp, x), Exp(x))) << x;
     }
     EXPECT_EQ(Exp(0x1p-53), 1.0 + 0x1p-52);
     EXPECT_EQ(Exp(-0x1p-54), 1.0);
@@ -86,9 +86,9 @@ TEST(QuickExp, KeepsItsBound)
         const double low = random.Uniform(-1.0, 1.0) * 0x1p-42;
         Exact argument({high, low});
         Exact expected;
-        mpfr_exp(expected, argument, MPFR_RNDN);
+        mpfr_exp(expected.Get(), argument.Get(), MPFR_RNDN);
         const ScaledPair got = QuickExp(high, low);
-        mpfr_mul_2si(expected, expected, -got.exponent, MPFR_RNDN);
+        mpfr_mul_2si(expected.Get(), expected.Get(), -got.exponent, MPFR_RNDN);
         ASSERT_TRUE(IsClose(got.value, expected, 0x1p-68)) << high;
         ASSERT_GE(got.value.high, 0.99);
         ASSERT_LE(got.value.high, 2.01);
@@ -102,9 +102,9 @@ TEST(ExpOfPair, KeepsItsBound)
         const Pair x = random.WithLowPart(random.Uniform(-745.0, 709.0));
         Exact argument(x);
         Exact expected;
-        mpfr_exp(expected, argument, MPFR_RNDN);
+        mpfr_exp(expected.Get(), argument.Get(), MPFR_RNDN);
         const ScaledPair got = ExpOfPair(x);
-        mpfr_mul_2si(expected, expected, -got.exponent, MPFR_RNDN);
+        mpfr_mul_2si(expected.Get(), expected.Get(), -got.exponent, MPFR_RNDN);
         ASSERT_TRUE(IsClose(got.value, expected, 0x1p-99)) << x.high;
     }
 }
@@ -147,10 +147,10 @@ TEST(Expm1, GivesTheNearestDouble)
 // x + x^2 / 2 is the middle between two doubles, x^3 / 6 is 2^-100 of it: 36 2^-105 is half a place of 6 2^-52.
 TEST(Expm1, DecidesTheHardestArgumentsInItsLastPhase)
 {
-    DoubleRounding exact;
+    NearestDouble nearest;
     for (const double x : {0x6p-52, -0x6p-52}) {
         EXPECT_FALSE(Round(ExpMinusOneOfPair({x, 0.0}), 0x1p-98));
-        EXPECT_TRUE(AreSameBits(exact.Nearest(mpfr_expm1, x), Expm1(x)));
+        EXPECT_TRUE(AreSameBits(nearest.Of(mpfr_expm1, x), Expm1(x)));
     }
 }
 

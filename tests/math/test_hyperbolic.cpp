@@ -12,10 +12,10 @@ namespace
 {
 
 using testing::AreSameBits;
-using testing::DoubleRounding;
 using testing::ExactFunction;
 using testing::ExpectNearest;
 using testing::ExpectPairsAreClose;
+using testing::NearestDouble;
 
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
@@ -23,12 +23,12 @@ constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 // Zeros, the smallest number, and both sides of where the functions say that they change their ways.
 void ExpectNearestAtSeams(double (*function)(double), ExactFunction exact)
 {
-    DoubleRounding rounding;
+    NearestDouble nearest;
     for (const double seam : {0.0, 0x1p-1074, 0x1p-1022, 0x1p-28, 0.0027076061740622863, 1.0, 20.0,
                               40.0, 709.0, 709.782712893384, 710.4758600739439, 710.5, 1e300}) {
         for (const double magnitude : {std::nextafter(seam, 0.0), seam, std::nextafter(seam, inf)}) {
             for (const double x : {magnitude, -magnitude})
-                EXPECT_TRUE(AreSameBits(rounding.Nearest(exact, x), function(x))) << x;
+                EXPECT_TRUE(AreSameBits(nearest.Of(exact, x), function(x))) << x;
         }
     }
 }

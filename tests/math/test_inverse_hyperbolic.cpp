@@ -12,22 +12,22 @@ namespace
 {
 
 using testing::AreSameBits;
-using testing::DoubleRounding;
 using testing::ExactFunction;
 using testing::ExpectNearest;
 using testing::ExpectPairsAreClose;
+using testing::NearestDouble;
 
 constexpr double inf = std::numeric_limits<double>::infinity();
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 void ExpectNearestAtSeams(double (*function)(double), ExactFunction exact)
 {
-    DoubleRounding rounding;
+    NearestDouble nearest;
     for (const double seam : {0.0, 0x1p-1074, 0x1p-1022, 0x1p-28, 0x1p-8, 0.5, 1.0, 1.5, 0x1p56,
                               0x1p500, 0x1p1023, std::numeric_limits<double>::max()}) {
         for (const double magnitude : {std::nextafter(seam, 0.0), seam, std::nextafter(seam, inf)}) {
             for (const double x : {magnitude, -magnitude})
-                EXPECT_TRUE(AreSameBits(rounding.Nearest(exact, x), function(x))) << x;
+                EXPECT_TRUE(AreSameBits(nearest.Of(exact, x), function(x))) << x;
         }
     }
 }
