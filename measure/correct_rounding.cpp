@@ -1,15 +1,15 @@
-// Evidence that the elementary functions return the double nearest to the exact value. For every function and
-// range of arguments
+// Evidence that the elementary functions return the double nearest to the exact value. For every
+// function and range of arguments
 //   - some arguments are compared with the C library's function, and MPFR decides where the two differ,
 //   - some are compared with MPFR directly;
 // then all angles of the Fourier transform's twiddles are, and all pairs of special values. Prints a
-// table in Markdown, and to the standard error every argument that came out wrong, with both values. Exit status
-// 1 if there was one.
+// table in Markdown, and to the standard error every argument that came out wrong, with both values.
+// Exit status 1 if there was one.
 //
 // Usage: correct_rounding [--full] [--arguments n] [--direct n] [--twiddles stages] [--seed s]
 //                         [--threads t] [--only name]
-//   --arguments   for each function and range against the C library, default 200,000
-//   --direct      for each function and range against MPFR, default 5,000
+//   --arguments   for each function and range against the C library, default 300,000
+//   --direct      for each function and range against MPFR, default 10,000
 //   --twiddles    every power of two up to 2^stages, default 16
 //   --full        10^8, 10^6 for each function, shared between its ranges, and 22 stages
 #include <mpfr.h>
@@ -39,8 +39,8 @@ namespace
 
 struct Options {
     bool full = false;
-    std::int64_t arguments = 200000;
-    std::int64_t direct = 5000;
+    std::int64_t arguments = 300000;
+    std::int64_t direct = 10000;
     int stages = 16;
     std::uint64_t seed = 1;
     int threads = 2;

@@ -1,4 +1,5 @@
-// The exponential, the logarithm and their family, over the arguments that filter designs have and over all others.
+// The exponential, the logarithm and their family, over the arguments that filter designs have and over
+// all others.
 #include <cmath>
 #include <string>
 #include <vector>

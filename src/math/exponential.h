@@ -10,14 +10,14 @@ namespace trelvanix
 //
 // Functions of doubles return the double nearest to the exact value, ties to even, subnormal results
 // included; signed zeros, infinities and not-a-number are those of Annex F of the C standard. So the
-// result is the same on every processor and with every compiler. They run in up to three phases (Ziv 1991):
-// a quick one, pairs of doubles, numbers of many limbs, each with a proven bound of its error, until the
-// bound leaves one double.
+// result is the same on every processor and with every compiler. They run in up to three phases (Ziv
+// 1991): a quick one, pairs of doubles, numbers of many limbs, each with a proven bound of its error,
+// until the bound leaves one double.
 //
-// Functions of pairs have a relative error below 2^-95 while the result's magnitude is between 2^-900 and
-// 2^1000 and the argument's is too; below, the low part of the result loses bits to underflow. Where
-// the result is no finite number (and for infinite arguments) the high part is what the function of
-// doubles returns for the high part of the argument, and the low part is zero.
+// Functions of pairs have a relative error below 2^-95 while the result's magnitude is between 2^-900
+// and 2^1000 and the argument's is too; below, the low part of the result loses bits to underflow.
+// Where the result is no finite number (and for infinite arguments) the high part is what the function
+// of doubles returns for the high part of the argument, and the low part is zero.
 
 double Exp(double x);
 Pair Exp(Pair x);

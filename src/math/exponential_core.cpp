@@ -18,8 +18,9 @@ struct Reduced {
     Pair r;
 };
 
-// |steps| < 2^18: the first two products are exact. So is the first difference: both terms are multiples
-// of the smaller of ulp(x.high) and 2^-43, the result is below 2^-8. Error: 2^-114 (last product), 3 u^2 |r|.
+// |steps| < 2^18: the first two products are exact. So is the first difference: both terms are
+// multiples of the smaller of ulp(x.high) and 2^-43, the result is below 2^-8. Error: 2^-114 (last
+// product), 3 u^2 |r|.
 Reduced Reduce(Pair x)
 {
     const auto [steps, row, exponent] = FindStep(x.high);
@@ -29,9 +30,9 @@ Reduced Reduce(Pair x)
 }
 
 // e^r - 1 for |r| <= log(2) / 256 + 2^-40, by the series to r^10: what is left out is below
-// 2^-109 |r|. The terms from r^6 / 720 on are below 2^-51 |r| and need no more than a double's precision
-// (2^-103 |r|); the pairs before add rounding errors of 7 u^2 (product with r) + 3 u^2 (sum) at most,
-// which the next step multiplies by |r|. Altogether below 2^-101 |r|.
+// 2^-109 |r|. The terms from r^6 / 720 on are below 2^-51 |r| and need no more than a double's
+// precision (2^-103 |r|); the pairs before add rounding errors of 7 u^2 (product with r) + 3 u^2 (sum)
+// at most, which the next step multiplies by |r|. Altogether below 2^-101 |r|.
 Pair ExpMinusOneOfSmall(Pair r)
 {
     const double x = r.high;
@@ -43,7 +44,8 @@ Pair ExpMinusOneOfSmall(Pair r)
 
 } // namespace
 
-// T + T (e^r - 1): the product is below 2^-8.4, the errors of the sum (3 u^2) and of the table (2 u^2) count.
+// T + T (e^r - 1): the product is below 2^-8.4, the errors of the sum (3 u^2) and of the table (2 u^2)
+// count.
 ScaledPair ExpOfPair(Pair x)
 {
     const auto [row, exponent, r] = Reduce(x);
@@ -64,8 +66,8 @@ double ExpByPairs(double x)
     return RoundWide([x](int limbs) { return WideExp(ToWide(x, limbs + 2), limbs + 2); });
 }
 
-// (2^k T - 1) + 2^k T (e^r - 1). Without its low parts the table's power is exact, so that the difference
-// keeps its relative precision whatever cancels.
+// (2^k T - 1) + 2^k T (e^r - 1). Without its low parts the table's power is exact, so that the
+// difference keeps its relative precision whatever cancels.
 Pair ExpMinusOneOfPair(Pair x)
 {
     const auto [row, exponent, r] = Reduce(x);

@@ -11,8 +11,8 @@ namespace trelvanix
 //
 //     x = (128 k + j) log(2) / 128 + r,   |r| <= log(2) / 256,   e^x = 2^k 2^(j / 128) e^r,
 //
-// with 2^(j / 128) from a table (the reduction of Tang 1989). Those of pairs take |x.high| < 1100; value.high of
-// their results lies between 0.99 and 2.01.
+// with 2^(j / 128) from a table (the reduction of Tang 1989). Those of pairs take |x.high| < 1100;
+// value.high of their results lies between 0.99 and 2.01.
 
 // e^x, relative error below 2^-99.
 ScaledPair ExpOfPair(Pair x);

@@ -18,8 +18,8 @@ inline constexpr std::array<PowerOfTwoRow, 128> powersOfTwo = {{
 }};
 
 // An approximation of 1 / m of ten bits for m in [1 + i / 128, 1 + (i + 1) / 128), or for m / 2 from
-// i = 53 on; 1 in the first and in the last row. -log(reciprocal) = high + middle + low; high is a multiple of
-// 2^-42, zero or larger than |m reciprocal - 1|, which is at most 2^-7.
+// i = 53 on; 1 in the first and in the last row. -log(reciprocal) = high + middle + low; high is a
+// multiple of 2^-42, zero or larger than |m reciprocal - 1|, which is at most 2^-7.
 struct ReciprocalRow {
     double reciprocal, high, middle, low;
 };

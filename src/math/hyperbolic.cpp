@@ -7,8 +7,8 @@
 #include "math/scaled_rounding.h"
 #include "math/wide_exponential.h"
 
-// Beyond 40 e^-x is below 2^-115 e^x and left out of sums; results there may exceed the range of e^x by a
-// factor of two, so that the exponent is kept apart.
+// Beyond 40 e^-x is below 2^-115 e^x and left out of sums; results there may exceed the range of e^x by
+// a factor of two, so that the exponent is kept apart.
 namespace trelvanix
 {
 namespace
@@ -25,8 +25,8 @@ ScaledPair HalfExp(Pair x)
     return {power.value, power.exponent - 1};
 }
 
-// For 0 < x <= large. With t = e^x - 1 all terms have one sign. Bound: twice that of t, and 15 + 2 + 2 + 3 units of
-// 2^-106.
+// For 0 < x <= large. With t = e^x - 1 all terms have one sign: the error is that of t, 2^-99, and 22
+// units of 2^-106 from the three operations.
 Pair SinhOfMedium(Pair x)
 {
     const Pair t = ExpMinusOneOfPair(x);
@@ -48,8 +48,8 @@ Pair TanhOfMedium(Pair x)
 
 constexpr double mediumBound = 0x1p-96;
 
-// e^x and its reciprocal: (e^x + sign e^-x) / 2. Four more limbs than asked for: with the opposite sign x, above
-// 2^-28 in magnitude, loses as many bits.
+// (e^x + e^-x) / 2, or with a minus. Four more limbs than asked for: the difference loses 28 bits where
+// x is small.
 WideNumber WideHyperbolic(double x, int limbs, bool subtract)
 {
     const int working = limbs + 4;

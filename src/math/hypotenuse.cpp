@@ -15,8 +15,8 @@ namespace
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// Squares of two doubles whose exponents differ by 60 at most, and the square of a number of 54 bits, in
-// full.
+// Squares of two doubles whose exponents differ by 60 at most, and the square of a number of 54 bits,
+// in full.
 constexpr int exactLimbs = 10;
 
 // Of x > 0: its binary exponent, -1023 for subnormal numbers.
@@ -26,12 +26,13 @@ int ExponentOf(double x)
     return biased - 1023;
 }
 
-// The double nearest to sqrt(x^2 + y^2) 2^exponent, given an estimate of that which is close to the middle
-// between two doubles: the square of the middle is compared with x^2 + y^2, both exact.
+// The double nearest to sqrt(x^2 + y^2) 2^exponent, given an estimate of that which is close to the
+// middle between two doubles: the square of the middle is compared with x^2 + y^2, both exact.
 double RoundExactly(double x, double y, ScaledPair estimate)
 {
     const auto [high, low] = estimate.value;
-    // The doubles on both sides of the estimate, before the scaling; subnormal ones are multiples of unit.
+    // The doubles on both sides of the estimate, before the scaling; subnormal ones are multiples of
+    // unit.
     const double smallestNormal = ScaleByPowerOfTwo(1.0, -1022 - estimate.exponent);
     const bool isSubnormal = high < smallestNormal;
     const double candidate = isSubnormal ? (smallestNormal + high) - smallestNormal : high;
@@ -61,7 +62,8 @@ double Hypot(double x, double y)
         return x + y;
     const double larger = std::max(std::fabs(x), std::fabs(y));
     const double smaller = std::min(std::fabs(x), std::fabs(y));
-    // Beyond 2^-54 of the larger, the smaller adds less than a quarter of the distance to the next double.
+    // Beyond 2^-54 of the larger, the smaller adds less than a quarter of the distance to the next
+    // double.
     if (smaller <= larger * 0x1p-54)
         return larger;
     const int exponent = ExponentOf(larger);

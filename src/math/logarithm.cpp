@@ -15,8 +15,8 @@ namespace
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-// log(x) / log(base) for a whole base. It is rational for a power of the base alone; that is a whole number, which
-// rounds safely from any precision, so that some precision decides in every case.
+// log(x) / log(base) for a whole base. It is rational for a power of the base alone; that is a whole
+// number, which rounds safely from any precision, so that some precision decides in every case.
 double LogToBase(double x, Pair reciprocal, double base)
 {
     if (!IsInDomainOfLog(x))

@@ -13,9 +13,9 @@ namespace
 {
 
 // log(1 + r) for |r| <= 2^-7 + 2^-50: s = r / (2 + r), |s| <= 2^-7.99, and the series
-// 2 (s + s^3 / 3 + ... + s^13 / 13), whose next term is below 2^-115 |s|. The terms from 2 s^7 / 7 on, below
-// 2^-49 |s|, need a double's precision; before them two sums and products of pairs, each below 2^-15 of
-// the result; then a quotient (15 u^2), its sum (2 u^2) and a product (7 u^2).
+// 2 (s + s^3 / 3 + ... + s^13 / 13), whose next term is below 2^-115 |s|. The terms from 2 s^7 / 7 on,
+// below 2^-49 |s|, need a double's precision; before them two sums and products of pairs, each below
+// 2^-15 of the result; then a quotient (15 u^2), its sum (2 u^2) and a product (7 u^2).
 Pair LogOfOnePlusSmall(Pair r)
 {
     if (r.high == 0.0)
@@ -29,9 +29,9 @@ Pair LogOfOnePlusSmall(Pair r)
 
 } // namespace
 
-// The sum: exact high parts, the series (29 u^2 of it), the low parts of the constants (2^-33 at most, so
-// their errors don't count), two sums (3 u^2 each). Between the high parts and the series one bit may
-// cancel.
+// The sum: exact high parts, the series (25 u^2 of it), the low parts of the constants (2^-33 at most,
+// so their errors don't count), two sums (3 u^2 each). Between the high parts and the series one bit
+// may cancel.
 Pair LogOfPair(Pair x)
 {
     int subnormal = 0;
@@ -60,8 +60,8 @@ double LogByPairs(double x)
     return RoundWide([x](int limbs) { return WideLog(ToWide(x, limbs + 2), limbs + 2); });
 }
 
-// Beyond 2^-7 the rounding of 1 + x, 2 u^2 (1 + x), is 2^-97.9 of the result at most where x > 0;
-// below -2^-7 it grows in no other way.
+// Beyond 2^-7 the rounding of 1 + x, 2 u^2 (1 + x), counts: the logarithm is above 2^-7.02 (1 + x)
+// there in magnitude.
 Pair LogOfOnePlusPair(Pair x)
 {
     if (std::fabs(x.high) <= 0x1p-7)

@@ -8,8 +8,8 @@
 namespace trelvanix
 {
 
-// What the logarithms, the power and the inverse hyperbolic functions are made of. x is read as 2^e m with
-// m between 0.70 and 1.42, and
+// What the logarithms, the power and the inverse hyperbolic functions are made of. x is read as 2^e m
+// with m between 0.70 and 1.42, and
 //
 //     log(x) = e log(2) - log(c) + log(1 + r),   r = m c - 1,   |r| <= 2^-7,
 //
@@ -35,7 +35,7 @@ double LogByPairs(double x);
 // log(x) for x > 0, finite; relative error below 2^-99. Zero for 1.
 Pair LogOfPair(Pair x);
 
-// log(1 + x), relative error below 2^-98, for x > -1 and finite.
+// log(1 + x), relative error below 2^-97, for x > -1 and finite.
 Pair LogOfOnePlusPair(Pair x);
 
 } // namespace trelvanix

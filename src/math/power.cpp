@@ -54,8 +54,8 @@ double PowWithoutQuickPhase(double x, double y)
 
 } // namespace
 
-// The product is exact but for y logarithm.low, which has a double's precision: below 2^-105 of the whole.
-// Its relative error, times its magnitude, is that of the power.
+// The product is exact but for y logarithm.low, which has a double's precision: below 2^-105 of the
+// whole. Its relative error, times its magnitude, is that of the power.
 double Pow(double x, double y)
 {
     if (x >= std::numeric_limits<double>::min() && x < infinity) {

@@ -49,8 +49,8 @@ std::optional<OddNumber> ExactSqrt(OddNumber x)
 }
 
 // x^y rounded where it is odd * 2^exponent with at most 54 bits, which may lie halfway between two
-// doubles. With x = m 2^e and y = n / 2^g, m and n odd, x^y is rational only if x has a 2^g-th root of the form
-// m' 2^e', and has no infinite expansion only if n > 0 or m' = 1; 3^35 has more than 54 bits.
+// doubles. With x = m 2^e and y = n / 2^g, m and n odd, x^y is rational only if x has a 2^g-th root of
+// the form m' 2^e', and has no infinite expansion only if n > 0 or m' = 1; 3^35 has more than 54 bits.
 // For x > 0, x != 1, 2^-65 < |y| < 2^64 and x^y within the range that doubles can round to.
 std::optional<double> RoundExactPower(double x, double y)
 {

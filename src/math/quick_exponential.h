@@ -28,15 +28,18 @@ inline ExponentialStep FindStep(double x)
     return {shifted - toInteger, &powersOfTwo[static_cast<unsigned>(index) & 127U], index >> 7};
 }
 
-// e^(high + low), relative error below 2^-68; |high| < 1100, |low| <= 2^-42, not necessarily a pair in form.
-// value.high lies between 0.99 and 2.01. The reduction is that of ExpOfPair.
+// e^(high + low), relative error below 2^-68; |high| < 1100, |low| <= 2^-42, not necessarily a pair in
+// form. value.high lies between 0.99 and 2.01. The reduction is that of ExpOfPair.
 //
 // With u = 2^-53 and |r| < 2^-8.5:
-//   r     r0 is exact. Below 2^-26 in magnitude r0 - middle may lose up to 2^-79 to FastTwoSum, else the
-//         sum is exact; the product with stepMiddle + stepLow is rounded at 2^-26 u = 2^-79
-//   q     = e^r - 1 - r: the series is cut at 2^-72, evaluated with 2 u |q| < 2^-70
-//   T e^r = a + a r1 + (b + a r2 + b r + T (q + rest e^r)), T = a + b: a has 26 bits and r1 is a multiple of 2^-34,
-//         so that their product is exact; b and a r2 are below 2^-25, so their errors are below 2^-77
+//   r       its first difference is exact. Below 2^-26 the second may lose up to 2^-79 to FastTwoSum,
+//   else
+//           it is exact; the product with stepMiddle + stepLow is rounded at 2^-26 u = 2^-79
+//   q       = e^r - 1 - r: the series is cut at 2^-72, evaluated with 2 u |q| < 2^-70
+//   T e^r   = a + a r1 + (b + a (r - r1) + b r + T (q + rest e^r)), T = a + b: a has 26 bits and r1 is
+//   a
+//           multiple of 2^-34, so that their product is exact; b and a (r - r1) are below 2^-25, their
+//           errors below 2^-77
 // Together less than 2^-69 of the result.
 inline ScaledPair QuickExp(double high, double low)
 {

@@ -32,9 +32,9 @@ inline Decomposed Decompose(double x)
 
 // log(x) for normal x > 0; relative error below 2^-65. Zero for 1. The reduction is that of LogOfPair.
 //
-// With u = 2^-53. The high part of m, a multiple of 2^-26, times the reciprocal (ten bits) is exact, so is
-// the difference to 1; the low part of m times the reciprocal is exact. With A = e ln2High + row.high,
-// exact (a multiple of 2^-42 below 2^10):
+// With u = 2^-53. The high part of m, a multiple of 2^-26, times the reciprocal (ten bits) is exact, so
+// is the difference to 1; the low part of m times the reciprocal is exact. With A = e ln2High +
+// row.high, exact (a multiple of 2^-42 below 2^10):
 //   A + r - r1^2 / 2   exact in high + two errors of FastTwoSum: |A| > |r| or A = 0; r1 has 26 bits
 //   rest of r^2 / 2    (r - r1) (r + r1) / 2 < 2^-41, error 2^-93
 //   r^3 / 3 - ...      cut before r^10 / 10 <= 2^-66.3 |r|, rounded with 2 u |r|^3 / 3 < 2^-67.5 |r|

@@ -25,15 +25,16 @@ constexpr double PowerOfTwo(int exponent)
     return std::bit_cast<double>(static_cast<std::uint64_t>(exponent + 1023) << 52);
 }
 
-// x 2^exponent for |exponent| <= 2000 and x from 2^-100 to 2^100 in magnitude, rounded where it is subnormal.
+// x 2^exponent for |exponent| <= 2000 and x from 2^-100 to 2^100 in magnitude, rounded where it is
+// subnormal.
 constexpr double ScaleByPowerOfTwo(double x, int exponent)
 {
     const int half = exponent / 2;
     return x * PowerOfTwo(half) * PowerOfTwo(exponent - half);
 }
 
-// The pair that x stands for; its low part, or both, lose bits where they are subnormal. The low part of an infinite
-// one is zero.
+// The pair that x stands for; its low part, or both, lose bits where they are subnormal. The low part
+// of an infinite one is zero.
 inline Pair ToPair(ScaledPair x)
 {
     const double high = ScaleByPowerOfTwo(x.value.high, x.exponent);
@@ -57,9 +58,9 @@ inline std::optional<double> RoundScaled(ScaledPair x, double relativeBound)
     }
     if (x.exponent < -1084)
         return 0.0;
-    // The result is a multiple of 2^-1074. Added to x, this power of two makes the last bit of the sum that
-    // multiple, so that the processor rounds there. What is left of x becomes one double, of which two
-    // roundings are uncertain.
+    // The result is a multiple of 2^-1074. Added to x, this power of two makes the last bit of the sum
+    // that multiple, so that the processor rounds there. What is left of x becomes one double, of which
+    // two roundings are uncertain.
     const double shift = ScaleByPowerOfTwo(1.0, -1022 - x.exponent);
     const Pair sum = FastTwoSum(shift, high);
     const double rest = sum.low + low;

@@ -35,7 +35,8 @@ WideNumber AtanhOfReciprocal(std::uint32_t n, int limbs)
     return sum;
 }
 
-// From 2 = (27/25)^9 (2400/2401) (4375/4374)^4, each logarithm by log((n + 1) / (n - 1)) = 2 atanh(1 / n).
+// From 2 = (27/25)^9 (2400/2401) (4375/4374)^4, each logarithm as log((n + 1) / (n - 1)), which is
+// 2 atanh(1 / n).
 WideNumber WideLn2(int limbs)
 {
     const WideNumber first = Multiply(AtanhOfReciprocal(26, limbs), 18U);
@@ -51,8 +52,8 @@ WideNumber ToWide(Pair x, int limbs)
     return Add(ToWide(x.high, limbs), ToWide(x.low, limbs));
 }
 
-// x = k log(2) + r; the series of e^(r / 2^16), squared 16 times. That multiplies the relative error of a
-// few ulps by 2^16, and k r keeps eleven bits before the point: one limb covers both.
+// x = k log(2) + r; the series of e^(r / 2^16), squared 16 times. That multiplies the relative error of
+// a few ulps by 2^16, and k r keeps eleven bits before the point: one limb covers both.
 WideNumber WideExp(const WideNumber& x, int limbs)
 {
     constexpr int halvings = 16;
@@ -74,8 +75,8 @@ WideNumber WideExp(const WideNumber& x, int limbs)
     return Scale(sum, static_cast<std::int64_t>(k));
 }
 
-// x = 2^e m with m in about [0.7, 1.4]; log(m) = 2 atanh((m - 1) / (m + 1)), which cannot cancel against
-// e log(2).
+// x = 2^e m with m in about [0.7, 1.4]; log(m) = 2 atanh((m - 1) / (m + 1)), which cannot cancel
+// against e log(2).
 WideNumber WideLog(const WideNumber& x, int limbs)
 {
     const int working = limbs + 1;

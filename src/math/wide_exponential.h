@@ -7,8 +7,8 @@
 namespace trelvanix
 {
 
-// The exponential and the logarithm to as many limbs as asked for (at most WideNumber::maxLimbs - 1), for
-// the last phases. Relative errors below 2^(-32 limbs + 32).
+// The exponential and the logarithm to as many limbs as asked for (at most WideNumber::maxLimbs - 1),
+// for the last phases. Relative errors below 2^(-32 limbs + 32).
 
 // high + low, exactly where it fits into the limbs.
 WideNumber ToWide(Pair x, int limbs);

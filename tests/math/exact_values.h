@@ -31,7 +31,8 @@ inline ::testing::AssertionResult IsClose(Pair got, Exact& exact, double relativ
                                          << std::hexfloat << got.high << " + " << got.low;
 }
 
-// Pairs drawn evenly from an interval, or evenly among its magnitudes; the same with every standard library.
+// Pairs drawn evenly from an interval, or evenly among its magnitudes; the same with every standard
+// library.
 class RandomPairs
 {
 public:
@@ -61,8 +62,8 @@ private:
 // The bound that pairs promise.
 constexpr double pairError = 0x1p-95;
 
-// Compares function(x) with the exact one for pairs between 2^lower and 2^upper, and for their negatives
-// if wanted.
+// Compares function(x) with the exact one for pairs between 2^lower and 2^upper, and for their
+// negatives if wanted.
 inline void ExpectPairsAreClose(Pair (*function)(Pair), ExactFunction exact, double lower, double upper,
                                 bool andNegative)
 {

@@ -94,8 +94,8 @@ TEST(SquareRoot, IsCloseToTheExactValue)
 
 TEST(ArcCosine, IsOnTheUnitIntervalWhatTheRealFunctionIs)
 {
-    // Either square root is within 2 u, u = 2^-53, which moves the angle by 4 u at most; the arc tangent rounds
-    // by pi u more.
+    // Either square root is within 2 u, u = 2^-53, which moves the angle by 4 u at most; the arc
+    // tangent rounds by pi u more.
     for (const double x : {-1.0, -0.9, -0.5, 0.0, 0.3, 0.99, 1.0}) {
         EXPECT_NEAR(ArcCosine({x, 0.0}).real(), Acos(x), 8e-16) << x;
         EXPECT_EQ(ArcCosine({x, 0.0}).imag(), 0.0) << x;
@@ -112,8 +112,8 @@ TEST(ArcCosine, ContinuesTheSideThatTheSignOfZeroNames)
     EXPECT_NEAR(ArcCosine({-2.0, 0.0}).imag(), -Acosh(2.0), 4e-16);
 }
 
-// Its errors are absolute near 1, where the square roots cancel: ten units of 2^-53 against the value of
-// the cosine put back.
+// Its errors are absolute near 1, where the square roots cancel: ten units of 2^-53 against the value
+// of the cosine put back.
 TEST(ArcCosine, IsUndoneByTheCosine)
 {
     RandomPairs random(41);

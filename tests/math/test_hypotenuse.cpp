@@ -57,8 +57,8 @@ TEST(Hypot, NeitherOverflowsNorUnderflowsBetween)
     }
 }
 
-// Legs m^2 - n^2 and 2mn of whole numbers, whose hypotenuse m^2 + n^2 is odd and has 54 bits: halfway between two
-// doubles. The legs have to be doubles too.
+// Legs m^2 - n^2 and 2mn of whole numbers, whose hypotenuse m^2 + n^2 is odd and has 54 bits: halfway
+// between two doubles. The legs have to be doubles too.
 TEST(Hypot, TiesToEven)
 {
     NearestDouble nearest;
@@ -81,7 +81,8 @@ TEST(Hypot, TiesToEven)
     EXPECT_GT(ties, 20);
 }
 
-// One leg a power of two: 2^k (1 + e^2 / 2 - e^4 / 8) for a ratio e of 2^-26 is 2^-107 beside the middle.
+// One leg a power of two: 2^k (1 + e^2 / 2 - e^4 / 8) for a ratio e of 2^-26 is 2^-107 beside the
+// middle.
 TEST(Hypot, DecidesByExactArithmetic)
 {
     for (const double scale : {1.0, 0x1p1000, 0x1p-1000}) {

@@ -70,8 +70,8 @@ TEST(Log, AgreesAtBothEndsOfEveryRowOfItsTable)
     }
 }
 
-// log(1 + e) = e - e^2 / 2 + e^3 / 3: for e = 6 2^-52 the second term, 36 2^-105, is half a place, the third
-// 2^-100 of the first.
+// log(1 + e) = e - e^2 / 2 + e^3 / 3: for e = 6 2^-52 the second term, 36 2^-105, is half a place, the
+// third 2^-100 of the first.
 TEST(Log, DecidesTheHardestArgumentsInItsLastPhase)
 {
     NearestDouble nearest;

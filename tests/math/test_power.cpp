@@ -121,8 +121,8 @@ TEST(Pow, TiesToEven)
 TEST(Pow, TiesToEvenForRootsAndForSubnormalResults)
 {
     NearestDouble nearest;
-    // 3^34 as 81^(17/2), 9^17, 6561^(17/4); 2^-1075, twice; 81 2^-1076, 243 2^-1080, 25 2^-1076, 81 2^-1078, of
-    // which the subnormal numbers keep six or fewer bits.
+    // 3^34 as 81^(17/2), 9^17, 6561^(17/4); 2^-1075, twice; the rest are numbers of up to eight bits,
+    // of which the subnormal numbers keep fewer.
     for (const auto& [x, y] :
          {std::array{81.0, 8.5}, std::array{9.0, 17.0}, std::array{6561.0, 4.25},
           std::array{2.0, -1075.0}, std::array{0x1p-430, 2.5}, std::array{0x1.8p-268, 4.0},

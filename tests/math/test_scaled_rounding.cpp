@@ -52,7 +52,8 @@ TEST(RoundScaled, TakesExponentsBeyondTheRange)
 
 TEST(RoundScaled, RoundsSubnormalResultsAtTheirOwnLastBit)
 {
-    // Multiples of 2^-1074: 5.5 is a middle, 5.5 and a bit isn't, although the bit is far below a double's last.
+    // Multiples of 2^-1074: 5.5 is a middle, 5.5 and a bit isn't, although the bit is far below a
+    // double's last.
     EXPECT_EQ(RoundScaled({{1.375, 0.0}, -1072}, bound), std::nullopt);
     EXPECT_EQ(RoundScaled({{1.375, 0x1p-56}, -1072}, bound), std::nullopt);
     EXPECT_EQ(RoundScaled({{1.375, 0x1p-48}, -1072}, bound), 0x6p-1074);
