@@ -61,7 +61,7 @@ double SmallAngle(double y, double x)
     const WideNumber bottom = ToWide(x, limbs);
     const WideNumber quotient = Divide(top, bottom);
     const bool exact = Compare(Multiply(quotient, bottom), top) == 0;
-    const WideNumber little = Scale(ToWide(1.0, limbs + 1), quotient.exponent - 32 * limbs - 16);
+    const WideNumber little = Scale(ToWide(1.0, limbs + 1), UlpExponent(quotient) - 16);
     return ToDouble(exact ? Subtract(quotient, little) : Add(quotient, little));
 }
 

@@ -1,7 +1,9 @@
 #ifndef TRELVANIX_MATH_ARC_TANGENT_KERNEL_H
 #define TRELVANIX_MATH_ARC_TANGENT_KERNEL_H
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 #include "math/sine_kernel.h"
 
@@ -37,7 +39,9 @@ constexpr HalfQuadrant FoldPoint(Pair y, Pair x)
 
 inline int NearestNode(const HalfQuadrant& point)
 {
-    return static_cast<int>(arcNodes * (point.small.high / point.large.high) + 0.5);
+    // As in ReduceModerate.
+    const double shifted = arcNodes * (point.small.high / point.large.high) + 0x1.8p52;
+    return static_cast<int>(std::bit_cast<std::uint64_t>(shifted) % (2 * arcNodes));
 }
 
 // Magnitude of the angle of (x, y) from that of the folded point, and its error, which sums of pairs with

@@ -103,7 +103,7 @@ WideNumber Combine(const WideNumber& large, const WideNumber& small, bool subtra
 WideNumber ToWide(double x, int limbs)
 {
     const auto bits = std::bit_cast<std::uint64_t>(x);
-    const std::int64_t biased = static_cast<std::int64_t>(bits >> 52 & 0x7FF);
+    const auto biased = static_cast<std::int64_t>(bits >> 52 & 0x7FF);
     std::uint64_t significand = bits & 0xFFFFFFFFFFFFF;
     if (biased > 0)
         significand |= std::uint64_t{1} << 52;

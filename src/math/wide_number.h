@@ -36,6 +36,12 @@ constexpr bool IsZero(const WideNumber& x)
     return x.digits[0] == 0;
 }
 
+// The exponent of an ulp of x.
+constexpr std::int64_t UlpExponent(const WideNumber& x)
+{
+    return x.exponent - std::int64_t{32} * x.limbs;
+}
+
 WideNumber Negate(WideNumber x);
 
 // x 2^power, exactly.

@@ -15,7 +15,7 @@ WideNumber AlternatingSum(WideNumber term, const WideNumber& square, std::uint32
     WideNumber sum = term;
     for (std::uint32_t n = first + 1; !IsZero(term); n += 2) {
         term = Negate(Divide(Multiply(term, square), n * (n + 1)));
-        if (term.exponent < sum.exponent - 32 * sum.limbs)
+        if (term.exponent < UlpExponent(sum))
             break;
         sum = Add(sum, term);
     }
@@ -61,7 +61,7 @@ WideNumber WideAngle(const WideNumber& y, const WideNumber& x, double estimate)
     WideNumber sum = tangent;
     for (std::uint32_t n = 3; !IsZero(power); n += 2) {
         power = Negate(Multiply(power, square));
-        if (power.exponent < sum.exponent - 32 * sum.limbs)
+        if (power.exponent < UlpExponent(sum))
             break;
         sum = Add(sum, Divide(power, n));
     }

@@ -36,7 +36,8 @@ double RoundByWidening(const Evaluate& evaluate)
 {
     for (const int limbs : {8, 14}) {
         const WideNumber value = evaluate(limbs);
-        if (const auto rounded = RoundToDouble(value, value.exponent - 32 * limbs + wideErrorBits))
+        if (const auto rounded =
+                RoundToDouble(value, value.exponent - std::int64_t{32} * limbs + wideErrorBits))
             return *rounded;
     }
     return ToDouble(evaluate(24));

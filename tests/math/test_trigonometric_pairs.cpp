@@ -38,7 +38,7 @@ const Tested tested[] = {
 class TrigonometricFunctionOfPairs : public ::testing::TestWithParam<Tested>
 {
 protected:
-    void ExpectAccurate(Pair x)
+    static void ExpectAccurate(Pair x)
     {
         Exact expected(x);
         GetParam().exact(expected.Get(), expected.Get(), MPFR_RNDN);

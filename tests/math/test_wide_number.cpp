@@ -40,7 +40,7 @@ double ErrorInUlps(const WideNumber& got, mpfr_t expected)
     mpfr_t error;
     SetExactly(error, got);
     mpfr_sub(error, error, expected, MPFR_RNDN);
-    mpfr_mul_2si(error, error, 32 * got.limbs - got.exponent, MPFR_RNDN);
+    mpfr_mul_2si(error, error, -UlpExponent(got), MPFR_RNDN);
     const double ulps = std::fabs(mpfr_get_d(error, MPFR_RNDZ));
     mpfr_clear(error);
     return ulps;

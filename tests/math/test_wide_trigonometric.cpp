@@ -35,7 +35,8 @@ protected:
         if (value.negative)
             mpfr_neg(got_, got_, MPFR_RNDN);
         mpfr_sub(got_, got_, expected, MPFR_RNDN);
-        mpfr_mul_2si(got_, got_, 32 * GetParam() - value.exponent - wideErrorBits, MPFR_RNDN);
+        mpfr_mul_2si(got_, got_, std::int64_t{32} * GetParam() - value.exponent - wideErrorBits,
+                     MPFR_RNDN);
         return std::fabs(mpfr_get_d(got_, MPFR_RNDN));
     }
 
