@@ -74,8 +74,9 @@ def constant(name, value):
 
 def constants():
     pi = mpmath.pi
-    yield "// pi / 128: two parts whose products with integers below 2^20 are exact, and a third."
-    for name, part in zip(("angleStepHigh", "angleStepMiddle", "angleStepLow"), parts(pi / 128, (33, 33, 53))):
+    yield "// pi / 128: two parts whose products with integers below 2^20 are exact, a third and a fourth."
+    names = ("angleStepHigh", "angleStepMiddle", "angleStepLow", "angleStepTail")
+    for name, part in zip(names, parts(pi / 128, (33, 33, 53, 53))):
         yield constant(name, part)
     yield constant("angleStepsPerRadian", float(nearest(128 / pi, 53)))
     for name, value in (("pi", pi), ("halfPi", pi / 2), ("angleStep", pi / 128)):

@@ -105,6 +105,8 @@ TEST(ReduceToPair, KeepsItsBoundNextToMultiplesOfAQuarterTurn)
         mpfr_sub_d(angle.Get(), angle.Get(), high, MPFR_RNDN);
         ExpectReducedToPair({high, mpfr_get_d(angle.Get(), MPFR_RNDN)});
         ExpectReducedToPair({high, 0.0});
+        // On either side of where pairs alone don't do.
+        ExpectReducedToPair({high + std::ldexp(1.0, -30 - k % 15), 0x1p-60});
     }
 }
 
