@@ -89,7 +89,7 @@ double RoundWide(Function evaluate)
     WideNumber value;
     for (const int limbs : {6, 12, 24, 42}) {
         value = evaluate(limbs);
-        if (const auto rounded = RoundToDouble(value, value.exponent - 32 * limbs + 1))
+        if (const auto rounded = RoundToDouble(value, value.exponent - std::int64_t{32} * limbs + 1))
             return *rounded;
     }
     return ToDouble(value);

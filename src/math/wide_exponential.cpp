@@ -8,6 +8,12 @@ namespace trelvanix
 namespace
 {
 
+// Where a number with so many limbs ends: what is smaller doesn't count beside 1.
+std::int64_t LastExponent(int limbs)
+{
+    return -32 * std::int64_t{limbs};
+}
+
 // Sum of z + z^3 / 3 + z^5 / 5 + ... = atanh(z), until the terms no longer count.
 WideNumber AtanhSeries(const WideNumber& z)
 {
@@ -16,7 +22,7 @@ WideNumber AtanhSeries(const WideNumber& z)
     const WideNumber square = Multiply(z, z);
     WideNumber power = z;
     WideNumber sum = z;
-    for (std::uint32_t n = 3; power.exponent > z.exponent - 32 * z.limbs; n += 2) {
+    for (std::uint32_t n = 3; power.exponent > z.exponent + LastExponent(z.limbs); n += 2) {
         power = Multiply(power, square);
         sum = Add(sum, Divide(power, n));
     }
@@ -28,7 +34,7 @@ WideNumber AtanhOfReciprocal(std::uint32_t n, int limbs)
 {
     WideNumber power = Divide(ToWide(1.0, limbs), n);
     WideNumber sum = power;
-    for (std::uint32_t k = 3; power.exponent > -32 * limbs; k += 2) {
+    for (std::uint32_t k = 3; power.exponent > LastExponent(limbs); k += 2) {
         power = Divide(power, n * n);
         sum = Add(sum, Divide(power, k));
     }
@@ -66,7 +72,7 @@ WideNumber WideExp(const WideNumber& x, int limbs)
 
     WideNumber sum = ToWide(1.0, working);
     WideNumber term = sum;
-    for (std::uint32_t n = 1; !IsZero(term) && term.exponent > -32 * working; ++n) {
+    for (std::uint32_t n = 1; !IsZero(term) && term.exponent > LastExponent(working); ++n) {
         term = Divide(Multiply(term, r), n);
         sum = Add(sum, term);
     }

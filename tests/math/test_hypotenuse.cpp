@@ -94,6 +94,15 @@ TEST(Hypot, DecidesByExactArithmetic)
     EXPECT_FALSE(RoundScaled({Sqrt(sum), 0}, 0x1p-102));
 }
 
+// sqrt(m^4 + m^2) = m^2 + 1/2 - 1/(8 m^2): subnormal numbers of almost all bits, beside the middle.
+TEST(Hypot, DecidesSubnormalResultsByExactArithmetic)
+{
+    for (const double m : {30000001.0, 40000003.0, 47453133.0, 60000001.0}) {
+        const double square = m * m * 0x1p-1074;
+        EXPECT_EQ(Hypot(square, m * 0x1p-1074), square) << m;
+    }
+}
+
 TEST(Hypot, GivesTheNearestDouble)
 {
     RandomPairs random(23);
