@@ -140,6 +140,7 @@ Row OnThreads(int threads, Body body)
 {
     std::vector<Row> rows(static_cast<std::size_t>(threads));
     std::vector<std::thread> running;
+    running.reserve(rows.size());
     for (int thread = 0; thread < threads; ++thread) {
         running.emplace_back([&body, &rows, thread] {
             Judge judge;

@@ -88,7 +88,8 @@ Pair Pow(Pair x, Pair y)
         return {sign * Exp(exponent.high), 0.0};
     if (std::fabs(exponent.high) <= 32.0)
         return Scale(ToPair(ExpOfPair(exponent)), sign);
-    constexpr int limbs = 6;
+    // Beside 1 the low part, above 2^-900 because y is below 2^900, makes the whole logarithm.
+    const int limbs = magnitude.high == 1.0 ? 40 : 6;
     return Scale(ToPair(WidePow(ToWide(magnitude, limbs), ToWide(y, limbs), limbs)), sign);
 }
 

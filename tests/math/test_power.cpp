@@ -171,6 +171,18 @@ TEST(PowOfPairs, IsExactToTheBound)
     }
 }
 
+TEST(PowOfPairs, SeesALowPartFarBelowOne)
+{
+    for (const double low : {0x1p-60, -0x1p-60, 0x1p-300, 0x1p-800}) {
+        for (const double logarithm : {1.0, 64.0, -64.0, 690.0}) {
+            const Pair x = {1.0, low}, y = {logarithm / low, 0.0};
+            Exact base(x), exponent(y), expected;
+            mpfr_pow(expected.Get(), base.Get(), exponent.Get(), MPFR_RNDN);
+            EXPECT_TRUE(IsClose(Pow(x, y), expected, pairError)) << low << " " << logarithm;
+        }
+    }
+}
+
 TEST(PowOfPairs, TakesTheSignOfWholePowers)
 {
     EXPECT_EQ(Pow(Pair{-2.0, 0.0}, Pair{3.0, 0.0}).high, -8.0);
