@@ -55,8 +55,8 @@ Arguments NearOne(Random& random)
 // x^y exact or halfway between two doubles, or next to that.
 Arguments NearMidpoint(Random& random)
 {
-    const int root = static_cast<int>(random() % 4);
-    const double base = static_cast<double>(random() >> (11 + random() % 52));
+    const auto root = static_cast<int>(random() % 4);
+    const auto base = static_cast<double>(random() >> (11 + random() % 52));
     const double x = std::pow(base, std::exp2(root));
     const double y = static_cast<double>(1 + random() % 34) / std::exp2(root);
     return {random() % 4 == 0 ? std::nextafter(x, 0.0) : x, y};

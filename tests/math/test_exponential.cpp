@@ -21,7 +21,6 @@ using testing::ExpectNearest;
 using testing::ExpectPairsAreClose;
 using testing::IsClose;
 using testing::NearestDouble;
-using testing::pairError;
 using testing::RandomPairs;
 
 constexpr double inf = std::numeric_limits<double>::infinity();

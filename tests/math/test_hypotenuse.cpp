@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "exact_values.h"
@@ -66,8 +66,8 @@ TEST(Hypot, TiesToEven)
     for (std::uint64_t n = 1; n < 40000000; n += 1000003) {
         for (std::uint64_t m = 94906267 + n % 2; m < 134217728; m += 3000002) {
             const std::uint64_t hypotenuse = m * m + n * n;
-            const double first = static_cast<double>(m * m - n * n),
-                         second = static_cast<double>(2 * m * n);
+            const auto first = static_cast<double>(m * m - n * n);
+            const auto second = static_cast<double>(2 * m * n);
             if (hypotenuse >> 53 != 1 || m * m - n * n >= 1ULL << 53)
                 continue;
             const std::uint64_t even = hypotenuse / 2 + (hypotenuse / 2) % 2;
