@@ -224,7 +224,7 @@ TRELVANIX_API double* CreateFirByFS(int order, int filterType, int windowType, d
  *
  * Errors, first failure wins: std::invalid_argument for a lowpass or highpass with wc2 = 0 and wc1
  * not 0; std::bad_array_new_length for order below -1 or one whose tap count does not fit an int;
- * std::length_error for a frequency grid of more than 2^27 points (about 8 per tap and unit of band
+ * std::length_error for a frequency grid of more than 2^24 points (about 8 per tap and unit of band
  * width); std::bad_alloc. An edge that is infinite or not a number makes every tap not-a-number.
  * Source: Parks & McClellan 1972; McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, double wc2);
@@ -246,9 +246,9 @@ TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, do
  * reciprocals of their deviations; what is said of the exchange at CreateFirByRemez holds here too.
  *
  * Errors, first failure wins: std::invalid_argument for filterType outside 0 .. 3, for an ndev that
- * does not suit it (dev and *order are then untouched), for an estimate that is not finite or does not
- * fit an int (*order is then untouched); std::bad_array_new_length for an order below -1 or one whose
- * tap count does not fit an int; std::length_error for a frequency grid of more than 2^27 points;
+ * does not suit it (dev and *order are then untouched), for an estimate that is not finite or above
+ * 65,536 (*order is then untouched); std::bad_array_new_length for an order below -1 or one whose
+ * tap count does not fit an int; std::length_error for a frequency grid of more than 2^24 points;
  * std::bad_alloc. A deviation of zero or below has no finite estimate.
  * Source: order, Herrmann, Rabiner & Chan 1973; design, McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, double f3, double f4,
