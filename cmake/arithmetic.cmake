@@ -8,8 +8,6 @@ else()
   target_compile_options(trelvanix_arithmetic INTERFACE
     # A fused multiply-add rounds once where the contract rounds twice.
     -ffp-contract=off
-    # pow(x, 2.0) must stay a call: compilers turn it into x * x, which differs in the last bit.
-    -fno-builtin-pow
     # These two change no value: nobody reads errno or the floating-point exception flags.
     -fno-math-errno
     -fno-trapping-math)

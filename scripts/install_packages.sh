@@ -18,6 +18,7 @@ test_packages=(
   "${bench_packages[@]}"
   git                                              # the list of source files
   libgtest-dev                                     # unit tests
+  libmpfr-dev python3-gmpy2                        # exact values of functions
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
   clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
   g++-mingw-w64-x86-64-posix googletest            # Windows cross build and its tests

@@ -1,12 +1,13 @@
 #include "classic/butterworth.h"
 
-#include <cmath>
-
 #include "classic/edge_preparation.h"
 #include "classic/state_space_design.h"
 #include "common/constants.h"
 #include "iir/butterworth_prototype.h"
 #include "linalg/polynomial.h"
+#include "math/complex_functions.h"
+#include "math/exponential.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -51,15 +52,15 @@ ZerosAndGain ButterworthZerosGain(const std::vector<Complex>& poles, FilterType 
                                   double Wo)
 {
     const Complex one = 1.0;
-    const double w = 2.0 * std::atan2(Wo, 4.0);
+    const double w = 2.0 * Atan2(Wo, 4.0);
     const std::vector<Complex> zeros = DigitalZeros(static_cast<int>(poles.size()), filterType, n, w);
     switch (filterType) {
     case FilterType::LowPass:
         return {zeros, ProductOver(poles, [=](Complex p) { return one - p; }).real() /
-                           std::pow(2.0, static_cast<double>(n))};
+                           Pow(2.0, static_cast<double>(n))};
     case FilterType::HighPass:
         return {zeros, ProductOver(poles, [=](Complex p) { return one + p; }).real() /
-                           std::pow(2.0, static_cast<double>(n))};
+                           Pow(2.0, static_cast<double>(n))};
     case FilterType::BandPass:
         return {zeros, InverseResponse(UnitPhasor(w), poles, zeros)};
     case FilterType::BandStop:

@@ -1,11 +1,10 @@
 #include "classic/chebyshev1.h"
 
-#include <cmath>
-
 #include "classic/edge_preparation.h"
 #include "classic/state_space_design.h"
 #include "iir/chebyshev1_prototype.h"
 #include "linalg/polynomial.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -16,7 +15,7 @@ ZerosAndGain Cheb1ZerosGain(const std::vector<Complex>& poles, FilterType filter
     ZerosAndGain result = ButterworthZerosGain(poles, filterType, n, Wo);
     if (filterType > FilterType::BandStop)
         result.gain = prototypeGain;
-    const double ripple = n % 2 != 0 ? 1.0 : std::pow(10.0, -rp / 20.0);
+    const double ripple = n % 2 != 0 ? 1.0 : Pow(10.0, -rp / 20.0);
     result.gain *= ripple;
     return result;
 }

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "common/constants.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -17,7 +18,7 @@ bool IsBandType(FilterType filterType)
 
 double Prewarp(double edge)
 {
-    return 4.0 * std::tan(pi * edge * 0.5);
+    return 4.0 * Tan(pi * edge * 0.5);
 }
 
 PreparedEdges CentreAndWidth(double u0, double u1, double* wn)

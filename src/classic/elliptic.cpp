@@ -11,6 +11,7 @@
 #include "iir/elliptic_prototype.h"
 #include "linalg/polynomial.h"
 #include "math/elliptic_functions.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -33,9 +34,9 @@ Complex PoleOffset(int order, double ep, double k1)
 AnalogPrototype PairedEllipticPrototype(int order, double rp, double rs)
 {
     const bool odd = order % 2 != 0;
-    const double Gp = std::pow(10.0, rp * -1.0 / 20.0);
-    const double ep = std::sqrt(std::pow(10.0, rp / 10.0) - 1.0);
-    const double es = std::sqrt(std::pow(10.0, rs / 10.0) - 1.0);
+    const double Gp = Pow(10.0, rp * -1.0 / 20.0);
+    const double ep = std::sqrt(Pow(10.0, rp / 10.0) - 1.0);
+    const double es = std::sqrt(Pow(10.0, rs / 10.0) - 1.0);
     const double k1 = ep / es;
     AnalogPrototype prototype =
         EllipticPrototype(order, SelectivityModulus(order, k1), PoleOffset(order, ep, k1));

@@ -12,6 +12,8 @@
 #include "common/constants.h"
 #include "common/numbers.h"
 #include "common/work_array.h"
+#include "math/complex_functions.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -67,7 +69,7 @@ int FrequencyGridSize(int tapCount)
     if (tapCount < 1024)
         return 512;
     // The quotient is rounded, so that some powers of two above 2^28 land on the next one.
-    const double npt = std::pow(2.0, std::ceil(std::log(tapCount) / std::log(2.0)));
+    const double npt = Pow(2.0, std::ceil(Log(tapCount) / Log(2.0)));
     if (2.0 * npt > std::numeric_limits<int>::max())
         throw std::bad_array_new_length();
     return ToInt(npt);

@@ -12,6 +12,8 @@
 #include "common/numbers.h"
 #include "iir/order_formulas.h"
 #include "math/bounded_minimum.h"
+#include "math/exponential.h"
+#include "math/trigonometric.h"
 
 // Every lowpass is the same lowpass once its stop edge is divided by its pass edge; the other kinds are
 // brought to that form by the frequency transformations, run backwards. The quotient that results, the
@@ -47,7 +49,7 @@ double ChebyshevOrderOf(double WA, double passRipple, double stopAttenuation)
 
 double Prewarped(double edge)
 {
-    return std::tan(edge * pi * 0.5);
+    return Tan(edge * pi * 0.5);
 }
 
 // Edges beyond edgeCount / 2 pairs don't exist; without any the kind is of no consequence.
@@ -75,19 +77,23 @@ double Selectivity(const Bands& bands, std::size_t i)
     case BandKind::highPass:
         return WP[i] / stop;
     case BandKind::bandStop:
-        return (WP[0] - WP[1]) * stop / (std::pow(stop, 2.0) - WP[1] * WP[0]);
+        return (WP[0] - WP[1]) * stop / (Pow(stop, 2.0) - WP[1] * WP[0]);
     case BandKind::bandPass:
         break;
     }
-    return (std::pow(stop, 2.0) - WP[1] * WP[0]) / ((WP[0] - WP[1]) * stop);
+    return (Pow(stop, 2.0) - WP[1] * WP[0]) / ((WP[0] - WP[1]) * stop);
 }
 
 // The harder of the two transitions of a band type.
 double SmallestSelectivity(const Bands& bands)
 {
     double smallest = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 0; i < bands.WS.size(); ++i)
-        smallest = std::fmin(smallest, std::fabs(Selectivity(bands, i)));
+    for (std::size_t i = 0; i < bands.WS.size(); ++i) {
+        const double selectivity = std::fabs(Selectivity(bands, i));
+        // False for not-a-number, which doesn't count.
+        if (selectivity < smallest)
+            smallest = selectivity;
+    }
     return smallest;
 }
 
@@ -112,7 +118,7 @@ std::vector<double> ButterworthFrequencies(const Bands& bands, double WA, int or
                                            double stopAttenuation)
 {
     const double G = PowerRatioLessOne(std::fabs(stopAttenuation));
-    const double W0 = WA / std::pow(G, 1.0 / (2.0 * order));
+    const double W0 = WA / Pow(G, 1.0 / (2.0 * order));
     std::vector<double> WN = bands.WP;
     if (bands.kind == BandKind::lowPass) {
         for (double& frequency : WN)
@@ -125,11 +131,11 @@ std::vector<double> ButterworthFrequencies(const Bands& bands, double WA, int or
         const double upper = bands.WP[1];
         const double d = upper - lower;
         if (bands.kind == BandKind::bandStop) {
-            const double root = std::sqrt(std::pow(d, 2.0) + 4.0 * std::pow(W0, 2.0) * lower * upper);
+            const double root = std::sqrt(Pow(d, 2.0) + 4.0 * Pow(W0, 2.0) * lower * upper);
             WN[0] = std::fabs((root + d) / (2.0 * W0));
             WN[1] = std::fabs((d - root) / (2.0 * W0));
         } else {
-            const double root = std::sqrt(0.25 * std::pow(W0, 2.0) * std::pow(d, 2.0) + lower * upper);
+            const double root = std::sqrt(0.25 * Pow(W0, 2.0) * Pow(d, 2.0) + lower * upper);
             WN[0] = root + W0 * d * 0.5;
             WN[1] = root - W0 * d * 0.5;
         }
@@ -143,7 +149,7 @@ void WriteButterworth(const Bands& bands, double WA, int order, double stopAtten
 {
     constexpr double twoOverPi = 0.6366197723675814;
     for (const double frequency : ButterworthFrequencies(bands, WA, order, stopAttenuation))
-        *wn++ = std::atan(frequency) * twoOverPi;
+        *wn++ = Atan(frequency) * twoOverPi;
 }
 
 } // namespace

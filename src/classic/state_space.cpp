@@ -9,6 +9,7 @@
 #include "linalg/dense_matrix.h"
 #include "linalg/eigenvalues.h"
 #include "linalg/polynomial.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -33,8 +34,8 @@ struct Quadratic {
 StateSpace SecondOrderSection(const Complex* polePair, double c0, double c1, double D)
 {
     const Quadratic den(polePair);
-    double wn = std::sqrt(std::hypot(polePair[0].real(), polePair[0].imag()) *
-                          std::hypot(polePair[1].real(), polePair[1].imag()));
+    double wn = std::sqrt(Hypot(polePair[0].real(), polePair[0].imag()) *
+                          Hypot(polePair[1].real(), polePair[1].imag()));
     if (wn == 0.0)
         wn = 1.0;
     const std::vector<double> T = {1.0, 0.0, 0.0, 1.0 / wn};

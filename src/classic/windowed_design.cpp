@@ -1,6 +1,5 @@
 #include "classic/windowed_design.h"
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <new>
@@ -9,6 +8,8 @@
 #include "common/complex_arithmetic.h"
 #include "common/constants.h"
 #include "fir/ideal_response.h"
+#include "math/complex_functions.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -29,7 +30,7 @@ double GainAt(double frequency, const double* h, int N)
     Complex sum = 0.0;
     for (int n = 0; n < N; ++n)
         sum += UnitPhasor(n * -twoPi * (frequency * 0.5)) * h[n];
-    return std::hypot(sum.real(), sum.imag());
+    return Hypot(sum.real(), sum.imag());
 }
 
 double ReferenceGain(const double* h, FilterType filterType, double wc1, double wc2, int N)

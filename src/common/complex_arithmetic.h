@@ -43,12 +43,6 @@ inline Complex Square(Complex x)
     return Multiply(x, x);
 }
 
-// e^(j angle).
-inline Complex UnitPhasor(double angle)
-{
-    return {std::cos(angle), std::sin(angle)};
-}
-
 // Element k of a complex array kept as pairs of doubles.
 inline Complex LoadComplex(const double* array, std::int64_t k)
 {

@@ -1,9 +1,8 @@
 #include "fir/ideal_response.h"
 
-#include <cmath>
-
 #include "common/constants.h"
 #include "common/work_array.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -46,7 +45,7 @@ struct Sines {
 std::vector<double> LowPassImpulse(int N, double omega1)
 {
     return SampleImpulse(
-        N, omega1 / pi, [=](double t) { return std::sin(t * omega1); },
+        N, omega1 / pi, [=](double t) { return Sin(t * omega1); },
         [](double t, double sine) { return sine / (t * pi); });
 }
 
@@ -56,7 +55,7 @@ std::vector<double> HighPassImpulse(int N, double omega1)
     return SampleImpulse(
         N, 1.0 - omega1 / pi,
         [=](double t) {
-            return Sines{std::sin(t * pi), std::sin(t * omega1), 0.0};
+            return Sines{Sin(t * pi), Sin(t * omega1), 0.0};
         },
         [](double t, const Sines& sine) { return (sine.atPi - sine.atOmega1) / (t * pi); });
 }
@@ -66,7 +65,7 @@ std::vector<double> BandPassImpulse(int N, double omega1, double omega2)
     return SampleImpulse(
         N, (omega2 - omega1) / pi,
         [=](double t) {
-            return Sines{0.0, std::sin(t * omega1), std::sin(t * omega2)};
+            return Sines{0.0, Sin(t * omega1), Sin(t * omega2)};
         },
         [](double t, const Sines& sine) { return (sine.atOmega2 - sine.atOmega1) / (t * pi); });
 }
@@ -76,7 +75,7 @@ std::vector<double> BandStopImpulse(int N, double omega1, double omega2)
     return SampleImpulse(
         N, 1.0 - (omega2 - omega1) / pi,
         [=](double t) {
-            return Sines{std::sin(t * pi), std::sin(t * omega1), std::sin(t * omega2)};
+            return Sines{Sin(t * pi), Sin(t * omega1), Sin(t * omega2)};
         },
         [](double t, const Sines& sine) {
             return (sine.atPi - sine.atOmega2 + sine.atOmega1) / (t * pi);

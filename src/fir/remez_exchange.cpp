@@ -11,6 +11,7 @@
 #include "common/work_array.h"
 #include "fir/error_table.h"
 #include "fir/remez_kernel.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -191,7 +192,7 @@ std::vector<double> SampleApproximation(const Interpolant& p)
     auto samples = NewWorkArray<double>(nfcns);
     double* a = samples.data();
     for (int j = 0; j < nfcns; ++j)
-        a[j] = std::cos(twoPi * (j * delf));
+        a[j] = Cos(twoPi * (j * delf));
     const std::vector<double> cosines = samples;
     const double* cosine = cosines.data();
     EvaluateInterpolant(p, a, nfcns);
@@ -224,7 +225,7 @@ std::vector<double> CosineCoefficients(const std::vector<double>& samples)
     for (int m = 1; m < nfcns; ++m) {
         double sum = alpha[m];
         for (int k = m; k < nfcns; ++k) {
-            const double cosine = 2.0 * std::cos(static_cast<double>(k) * m * twoPi / cn);
+            const double cosine = 2.0 * Cos(static_cast<double>(k) * m * twoPi / cn);
             sum += cosine * a[k];
             alpha[k] += cosine * a[m];
         }
@@ -265,8 +266,7 @@ std::vector<double> HalfResponse(const std::vector<double>& coefficients, bool e
 std::vector<double> Cosines(const double* grid, int gridCount)
 {
     auto cosines = NewWorkArray<double>(gridCount);
-    std::transform(grid, grid + gridCount, cosines.begin(),
-                   [](double f) { return std::cos(twoPi * f); });
+    std::transform(grid, grid + gridCount, cosines.begin(), [](double f) { return Cos(twoPi * f); });
     return cosines;
 }
 
@@ -274,7 +274,7 @@ std::vector<double> Cosines(const double* grid, int gridCount)
 void DivideByHalfAngleCosine(const double* grid, double* desired, double* weight, int gridCount)
 {
     for (int l = 0; l < gridCount; ++l) {
-        const double scale = std::cos(pi * grid[l]);
+        const double scale = Cos(pi * grid[l]);
         desired[l] /= scale;
         weight[l] *= scale;
     }

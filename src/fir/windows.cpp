@@ -6,6 +6,8 @@
 
 #include "common/constants.h"
 #include "math/bessel_i0.h"
+#include "math/exponential.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -24,16 +26,9 @@ void FourTermWindow(const FourTermCoefficients& c, int N, double denominator, do
 {
     for (int i = 0; i < N; ++i) {
         const double n = i;
-        w[i] = c.a0 - c.a1 * std::cos(n * twoPi / denominator) +
-               c.a2 * std::cos(n * fourPi / denominator) - c.a3 * std::cos(n * sixPi / denominator);
+        w[i] = c.a0 - c.a1 * Cos(n * twoPi / denominator) + c.a2 * Cos(n * fourPi / denominator) -
+               c.a3 * Cos(n * sixPi / denominator);
     }
-}
-
-// Squares and cubes go through the power function, which rounds differently from repeated
-// multiplication; the build keeps the compiler from replacing the call.
-double Power(double base, double exponent)
-{
-    return std::pow(base, exponent);
 }
 
 } // namespace
@@ -46,27 +41,27 @@ void RectangleWindow(int N, double* w)
 void HannWindow(const double* angles, int N, double* w)
 {
     for (int n = 0; n < N; ++n)
-        w[n] = 0.5 - 0.5 * std::cos(angles[n]);
+        w[n] = 0.5 - 0.5 * Cos(angles[n]);
 }
 
 void HammingWindow(const double* angles, int N, double* w)
 {
     for (int n = 0; n < N; ++n)
-        w[n] = 0.54 - 0.46 * std::cos(angles[n]);
+        w[n] = 0.54 - 0.46 * Cos(angles[n]);
 }
 
 void BlackmanWindow(const double* angles, int N, double* w)
 {
     for (int n = 0; n < N; ++n)
-        w[n] = 0.42 - 0.5 * std::cos(angles[n]) + 0.08 * std::cos(2.0 * angles[n]);
+        w[n] = 0.42 - 0.5 * Cos(angles[n]) + 0.08 * Cos(2.0 * angles[n]);
 }
 
 void FlattopWindow(const double* angles, int N, double* w)
 {
     for (int n = 0; n < N; ++n) {
         const double x = angles[n];
-        w[n] = 0.277263158 * std::cos(2.0 * x) + (0.215578995 - 0.41663158 * std::cos(x)) -
-               0.083578947 * std::cos(3.0 * x) + 0.006947368 * std::cos(4.0 * x);
+        w[n] = 0.277263158 * Cos(2.0 * x) + (0.215578995 - 0.41663158 * Cos(x)) -
+               0.083578947 * Cos(3.0 * x) + 0.006947368 * Cos(4.0 * x);
     }
 }
 
@@ -78,7 +73,7 @@ void KaiserWindow(int N, double* w)
     const double D1 = N - 1;
     const auto argument = [=](double n) {
         const double u = 1.0 - (n + n) / D1;
-        return std::sqrt(1.0 - Power(u, 2.0)) * beta;
+        return std::sqrt(1.0 - Pow(u, 2.0)) * beta;
     };
     // Mirror images have nearly the same argument, and three in four of them the very same.
     for (int i = 0, mirror = N - 1; i <= mirror; ++i, --mirror) {
@@ -93,7 +88,7 @@ void GaussianWindow(int N, double* w)
 {
     const double h = (N - 1.0) * 0.5;
     for (int n = 0, mirror = N - 1; n <= mirror; ++n, --mirror)
-        w[n] = w[mirror] = std::exp(Power((n - h) * 2.5 / h, 2.0) * -0.5);
+        w[n] = w[mirror] = Exp(Pow((n - h) * 2.5 / h, 2.0) * -0.5);
 }
 
 void TriangWindow(int N, double* w)
@@ -123,7 +118,7 @@ void BartlettHannWindow(int N, double* w)
 {
     for (int n = 0; n < N; ++n) {
         const double t = n / (N - 1.0) - 0.5;
-        w[n] = 0.38 * std::cos(t * twoPi) + (0.62 - 0.48 * std::abs(t));
+        w[n] = 0.38 * Cos(t * twoPi) + (0.62 - 0.48 * std::abs(t));
     }
 }
 
@@ -140,8 +135,8 @@ void BlackmanHarrisPeriodicWindow(int N, double* w)
 double ParzenSample(double offset, int N)
 {
     const double r = offset / (N * 0.5);
-    return offset <= (N - 1) * 0.25 ? 1.0 - Power(r, 2.0) * 6.0 + Power(r, 3.0) * 6.0
-                                    : 2.0 * Power(1.0 - r, 3.0);
+    return offset <= (N - 1) * 0.25 ? 1.0 - Pow(r, 2.0) * 6.0 + Pow(r, 3.0) * 6.0
+                                    : 2.0 * Pow(1.0 - r, 3.0);
 }
 
 void ParzenWindow(int N, double* w)

@@ -2,6 +2,7 @@
 
 #include "common/constants.h"
 #include "linalg/polynomial.h"
+#include "math/complex_functions.h"
 
 namespace trelvanix
 {

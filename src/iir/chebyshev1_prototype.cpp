@@ -5,6 +5,8 @@
 
 #include "common/constants.h"
 #include "linalg/polynomial.h"
+#include "math/complex_functions.h"
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -22,7 +24,7 @@ std::vector<Complex> EllipsePoles(int order, double mu)
     for (const Complex direction : directions) {
         const double re = (direction.real() + mirrored->real()) * 0.5;
         const double im = (direction.imag() - mirrored->imag()) * 0.5;
-        poles.emplace_back(std::sinh(mu) * re, std::cosh(mu) * im);
+        poles.emplace_back(Sinh(mu) * re, Cosh(mu) * im);
         ++mirrored;
     }
     return poles;
@@ -30,12 +32,12 @@ std::vector<Complex> EllipsePoles(int order, double mu)
 
 AnalogPrototype Cheb1Prototype(int order, double rp)
 {
-    const double eps = std::sqrt(std::pow(10.0, 0.1 * rp) - 1.0);
-    const double mu = std::asinh(1.0 / eps) / order;
+    const double eps = std::sqrt(Pow(10.0, 0.1 * rp) - 1.0);
+    const double mu = Asinh(1.0 / eps) / order;
     AnalogPrototype prototype = {{}, EllipsePoles(order, mu), 1.0};
     prototype.gain = ProductOver(prototype.poles, [](Complex p) { return -p; }).real();
     if (order % 2 == 0)
-        prototype.gain /= std::sqrt(std::pow(eps, 2.0) + 1.0);
+        prototype.gain /= std::sqrt(Pow(eps, 2.0) + 1.0);
     return prototype;
 }
 

@@ -5,6 +5,8 @@
 #include "common/constants.h"
 #include "iir/chebyshev1_prototype.h"
 #include "linalg/polynomial.h"
+#include "math/exponential.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -16,7 +18,7 @@ namespace
 std::vector<Complex> ImaginaryZeros(int order)
 {
     const Complex j(0.0, 1.0);
-    const auto zeroAt = [=](double v) { return Divide(j, std::cos(v * pi / (2.0 * order))); };
+    const auto zeroAt = [=](double v) { return Divide(j, Cos(v * pi / (2.0 * order))); };
     std::vector<Complex> zeros;
     for (int i = 0; i < order / 2; ++i) {
         const double v = 2.0 * i + 1.0;
@@ -31,8 +33,8 @@ std::vector<Complex> ImaginaryZeros(int order)
 AnalogPrototype Cheb2Prototype(int order, double rs)
 {
     const Complex one = 1.0;
-    const double delta = 1.0 / std::sqrt(std::pow(10.0, 0.1 * rs) - 1.0);
-    const double mu = std::asinh(1.0 / delta) / order;
+    const double delta = 1.0 / std::sqrt(Pow(10.0, 0.1 * rs) - 1.0);
+    const double mu = Asinh(1.0 / delta) / order;
     AnalogPrototype prototype = {ImaginaryZeros(order), EllipsePoles(order, mu), 1.0};
     for (Complex& pole : prototype.poles)
         pole = Divide(one, pole);

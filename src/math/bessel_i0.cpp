@@ -1,7 +1,8 @@
 #include "math/bessel_i0.h"
 
-#include <cmath>
 #include <cstddef>
+
+#include "math/exponential.h"
 
 namespace trelvanix
 {
@@ -13,8 +14,8 @@ BesselI0::BesselI0() : powerOfFour(), squaredFactorial()
         const auto i = static_cast<std::size_t>(k);
         if (k > 1)
             factorial *= k;
-        powerOfFour[i] = std::pow(4.0, k);
-        squaredFactorial[i] = std::pow(factorial, 2.0);
+        powerOfFour[i] = Pow(4.0, k);
+        squaredFactorial[i] = Pow(factorial, 2.0);
     }
 }
 
@@ -27,7 +28,7 @@ double BesselI0::operator()(double x) const
     for (int k = 0; k < termCount; ++k) {
         const auto i = static_cast<std::size_t>(k);
         // Three roundings in this order: the quotient by the product would round differently.
-        const double term = std::pow(x, 2 * k) / powerOfFour[i] / squaredFactorial[i];
+        const double term = Pow(x, 2 * k) / powerOfFour[i] / squaredFactorial[i];
         sum += term;
         if (term < negligible * sum)
             break;

@@ -8,6 +8,12 @@
 namespace trelvanix
 {
 
+Complex UnitPhasor(double angle)
+{
+    const SineAndCosine value = SinAndCos(angle);
+    return {value.cosine, value.sine};
+}
+
 Complex Sine(Complex z)
 {
     const double x = z.real(), y = z.imag();

@@ -10,6 +10,9 @@ namespace trelvanix
 // exactly in the order written, so that the same bits come out everywhere. The parts of a result are no
 // longer those nearest to the exact ones. Source: Kahan 1987.
 
+// e^(j angle).
+Complex UnitPhasor(double angle);
+
 // (sin x cosh y, cos x sinh y).
 Complex Sine(Complex z);
 

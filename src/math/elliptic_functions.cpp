@@ -6,6 +6,9 @@
 #include <limits>
 
 #include "common/constants.h"
+#include "math/complex_functions.h"
+#include "math/exponential.h"
+#include "math/trigonometric.h"
 
 // Squares of real numbers are taken with the power function throughout: it differs from the product in
 // the last bit now and then.
@@ -18,7 +21,7 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 double ComplementaryModulus(double k)
 {
-    return std::sqrt(1.0 - std::pow(k, 2.0));
+    return std::sqrt(1.0 - Pow(k, 2.0));
 }
 
 double IntegralByLanden(double k)
@@ -40,11 +43,11 @@ double IntegralByAgm(double m)
     constexpr int limit = 64;
     for (int i = 1; i <= limit; ++i) {
         const double geometric = std::sqrt(a * b);
-        const double weighted = std::pow((a - b) / 2.0, 2.0) * std::pow(2.0, i);
+        const double weighted = Pow((a - b) / 2.0, 2.0) * Pow(2.0, i);
         a = (a + b) / 2.0;
         b = geometric;
-        // fmax answers 0 for not-a-number.
-        if (std::fmax(weighted, 0.0) <= landenTolerance)
+        // Written so that not-a-number ends the mean too.
+        if (!(weighted > landenTolerance))
             break;
     }
     return pi / (2.0 * a);
@@ -53,9 +56,8 @@ double IntegralByAgm(double m)
 // From the circular function w up to the elliptic one: the descending sequence backwards.
 double Ascend(double w, const std::vector<double>& moduli)
 {
-    std::for_each(moduli.rbegin(), moduli.rend(), [&w](double modulus) {
-        w = (1.0 + modulus) * w / (1.0 + modulus * std::pow(w, 2.0));
-    });
+    std::for_each(moduli.rbegin(), moduli.rend(),
+                  [&w](double modulus) { w = (1.0 + modulus) * w / (1.0 + modulus * Pow(w, 2.0)); });
     return w;
 }
 
@@ -97,7 +99,7 @@ std::vector<double> LandenModuli(double k)
     bool descends = true;
     while (modulus > landenTolerance && descends) {
         const double previous = modulus;
-        modulus = std::pow(previous / (1.0 + ComplementaryModulus(previous)), 2.0);
+        modulus = Pow(previous / (1.0 + ComplementaryModulus(previous)), 2.0);
         moduli.push_back(modulus);
         descends = modulus < previous;
     }
@@ -116,14 +118,14 @@ CompleteIntegrals EllipticK(double k)
     if (kp == 0.0) {
         integrals.K = infinity;
     } else if (k > kmax) {
-        const double L = std::log(kp * 0.25);
-        integrals.K = std::pow(kp, 2.0) * (-L - 1.0) * 0.25 + -L;
+        const double L = Log(kp * 0.25);
+        integrals.K = Pow(kp, 2.0) * (-L - 1.0) * 0.25 + -L;
     } else {
         integrals.K = IntegralByLanden(k);
     }
     if (k < kmin) {
-        const double L = std::log(k * 0.25);
-        integrals.Kprime = (-L - 1.0) * std::pow(k, 2.0) * 0.25 + -L;
+        const double L = Log(k * 0.25);
+        integrals.Kprime = (-L - 1.0) * Pow(k, 2.0) * 0.25 + -L;
     } else {
         integrals.Kprime = IntegralByLanden(kp);
     }
@@ -139,22 +141,22 @@ std::vector<double> EllipticKByAgm(const std::vector<double>& m)
 
 std::vector<double> JacobiCd(const std::vector<double>& u, double k)
 {
-    return AscendAll(u, k, [](double argument) { return std::cos(argument * pi * 0.5); });
+    return AscendAll(u, k, [](double argument) { return Cos(argument * pi * 0.5); });
 }
 
 std::vector<double> JacobiSn(const std::vector<double>& u, double k)
 {
-    return AscendAll(u, k, [](double argument) { return std::sin(argument * pi * 0.5); });
+    return AscendAll(u, k, [](double argument) { return Sin(argument * pi * 0.5); });
 }
 
 std::vector<Complex> JacobiCdComplex(const std::vector<Complex>& u, double k)
 {
-    return AscendAll(u, k, [](Complex argument) { return std::cos(argument * halfPi); });
+    return AscendAll(u, k, [](Complex argument) { return Cosine(argument * halfPi); });
 }
 
 Complex JacobiSnComplex(Complex u, double k)
 {
-    return Ascend(std::sin(u * halfPi), LandenModuli(k));
+    return Ascend(Sine(u * halfPi), LandenModuli(k));
 }
 
 Complex InverseCdComplex(Complex w, double k)
@@ -162,11 +164,11 @@ Complex InverseCdComplex(Complex w, double k)
     constexpr double twoOverPi = 0.6366197723675814;
     double previous = k;
     for (const double modulus : LandenModuli(k)) {
-        const Complex root = std::sqrt(1.0 - std::pow(previous, 2.0) * Square(w));
+        const Complex root = SquareRoot(1.0 - Pow(previous, 2.0) * Square(w));
         w = Divide(w, 1.0 + root) * 2.0 / (1.0 + modulus);
         previous = modulus;
     }
-    const Complex u = twoOverPi * std::acos(w);
+    const Complex u = twoOverPi * ArcCosine(w);
     const auto [K, Kprime] = EllipticK(k);
     const double R = Kprime / K;
     return {SymmetricRemainder(u.real(), 4.0), SymmetricRemainder(u.imag(), 2.0 * R)};
@@ -187,7 +189,7 @@ double EllipticDegree(int N, double k1)
     double product = 1.0;
     for (const double sn : JacobiSn(u, k1p))
         product *= sn;
-    const double kp = std::pow(k1p, static_cast<double>(N)) * std::pow(product, 4.0);
+    const double kp = Pow(k1p, static_cast<double>(N)) * Pow(product, 4.0);
     return ComplementaryModulus(kp);
 }
 

@@ -29,11 +29,11 @@
 #include "transform/fft_kernel.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "common/constants.h"
 #include "common/instruction_set.h"
 #include "common/lanes.h"
+#include "math/trigonometric.h"
 
 namespace trelvanix::TRELVANIX_INSTRUCTION_SET
 {
@@ -329,12 +329,12 @@ TRELVANIX_INLINE void MakeTwiddles(std::int64_t first, int step, std::int64_t co
         const Lanes t = Broadcast(static_cast<double>(-(first + i * step))) - Load(steps);
         Store(twiddles + 2 * i, (t + t) * Broadcast(pi) / Broadcast(period));
     }
-    // Apart, because the functions of some C libraries wait for all arithmetic before them.
     for (std::int64_t i = 0; i < count; i += laneCount) {
         for (int lane = 0; lane < laneCount; ++lane) {
             const double angle = twiddles[2 * i + lane];
-            twiddles[2 * i + lane] = std::cos(angle);
-            twiddles[2 * i + laneCount + lane] = std::sin(angle);
+            const SineAndCosine value = SinAndCos(angle);
+            twiddles[2 * i + lane] = value.cosine;
+            twiddles[2 * i + laneCount + lane] = value.sine;
         }
     }
 }

@@ -64,21 +64,6 @@ TEST(Square, IsOneMultiplication)
     EXPECT_TRUE(std::isnan(Square({inf, inf}).real()));
 }
 
-TEST(UnitPhasor, LiesOnTheUnitCircle)
-{
-    EXPECT_EQ(UnitPhasor(0.0), Complex(1.0, 0.0));
-    const Complex quarter = UnitPhasor(std::acos(0.0));
-    // cos of the double nearest to pi/2 is the distance of that double from pi/2.
-    EXPECT_NEAR(quarter.real(), 6.123233995736766e-17, 1e-30);
-    EXPECT_EQ(quarter.imag(), 1.0);
-}
-
-TEST(UnitPhasor, KeepsTheSignOfAZeroAngle)
-{
-    EXPECT_TRUE(testing::SameBits(UnitPhasor(-0.0).imag(), -0.0));
-    EXPECT_TRUE(testing::SameBits(UnitPhasor(0.0).imag(), 0.0));
-}
-
 TEST(LoadComplex, ReadsWhatStoreComplexWrote)
 {
     double array[] = {0.0, 0.0, 0.0, 0.0};

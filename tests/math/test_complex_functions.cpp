@@ -33,6 +33,19 @@ double Difference(Complex expected, std::complex<long double> got)
     return static_cast<double>(std::abs(exact - got) / std::abs(got));
 }
 
+TEST(UnitPhasor, LiesOnTheUnitCircle)
+{
+    EXPECT_EQ(UnitPhasor(0.0), Complex(1.0, 0.0));
+    // cos of the double nearest to pi/2 is the distance of that double from pi/2.
+    EXPECT_EQ(UnitPhasor(1.5707963267948966), Complex(6.123233995736766e-17, 1.0));
+}
+
+TEST(UnitPhasor, HasTheSignOfAZeroAngle)
+{
+    EXPECT_TRUE(AreSameBits(UnitPhasor(-0.0).imag(), -0.0));
+    EXPECT_TRUE(AreSameBits(UnitPhasor(0.0).imag(), 0.0));
+}
+
 TEST(Sine, IsOnTheAxesWhatTheRealFunctionsAre)
 {
     for (const double x : {0.0, -0.0, 0.5, -2.0, 10.0}) {
