@@ -40,15 +40,19 @@ std::string Decimal(double number)
     return text.data();
 }
 
+// Six numbers at most, then how many there are.
 std::string ShortArray(const std::vector<double>& values)
 {
     constexpr std::size_t shown = 6;
     std::string text = "[";
-    for (std::size_t i = 0; i < std::min(values.size(), shown); ++i)
-        text += (i > 0 ? " " : "") + Decimal(values[i]);
+    for (std::size_t i = 0; i < std::min(values.size(), shown); ++i) {
+        if (i > 0)
+            text += ' ';
+        text += Decimal(values[i]);
+    }
     if (values.size() > shown)
-        text += " ... " + std::to_string(values.size()) + " numbers";
-    return text + "]";
+        text.append(" ... ").append(std::to_string(values.size())).append(" numbers");
+    return text += ']';
 }
 
 void AddItems(Digest& digest, const std::vector<Item>& items)
@@ -61,24 +65,38 @@ void AddItems(Digest& digest, const std::vector<Item>& items)
     }
 }
 
+void AppendValue(std::string& text, double value)
+{
+    text += ' ';
+    if (!std::isnan(value))
+        text.append(Hexadecimal(value)) += ' ';
+    text.append(Decimal(value)) += '\n';
+}
+
 std::string ItemLines(const std::vector<Item>& items)
 {
     std::string lines;
     for (const Item& item : items) {
+        const std::string name = item.name;
         if (item.kind == Item::null)
-            lines += std::string(item.name) + " null\n";
+            lines.append(name).append(" null\n");
         if (item.kind == Item::array && item.values.empty())
-            lines += std::string(item.name) + " empty\n";
+            lines.append(name).append(" empty\n");
         for (std::size_t i = 0; i < item.values.size(); ++i) {
-            lines += item.name;
+            lines += name;
             if (item.kind == Item::array)
-                lines += "[" + std::to_string(i) + "]";
-            const double value = item.values[i];
-            lines +=
-                std::isnan(value) ? " nan\n" : " " + Hexadecimal(value) + " " + Decimal(value) + "\n";
+                lines.append("[").append(std::to_string(i)).append("]");
+            AppendValue(lines, item.values[i]);
         }
     }
     return lines;
+}
+
+// The type of an exception with what it says.
+std::string WithMessage(const char* type, const std::exception& e)
+{
+    std::string text = type;
+    return text.append(" \"").append(e.what()).append("\"");
 }
 
 } // namespace
@@ -92,11 +110,11 @@ std::string Call::CurrentException()
     } catch (const std::bad_alloc&) {
         return "std::bad_alloc";
     } catch (const std::invalid_argument& e) {
-        return std::string("std::invalid_argument \"") + e.what() + "\"";
+        return WithMessage("std::invalid_argument", e);
     } catch (const std::length_error& e) {
-        return std::string("std::length_error \"") + e.what() + "\"";
+        return WithMessage("std::length_error", e);
     } catch (const std::exception& e) {
-        return std::string("another exception \"") + e.what() + "\"";
+        return WithMessage("another exception", e);
     }
 }
 
@@ -111,28 +129,24 @@ std::uint64_t Call::DigestValue() const
 
 std::string Call::Line(const char* function) const
 {
-    std::string line = std::string(function) + "(";
+    std::string line = function;
+    const char* separator = "(";
     for (const Item& item : arguments) {
-        line += &item == arguments.data() ? "" : ", ";
-        line += std::string(item.name) + "=";
-        switch (item.kind) {
-        case Item::number:
-            line += Decimal(item.values[0]);
-            break;
-        case Item::array:
-            line += ShortArray(item.values);
-            break;
-        case Item::null:
+        line.append(separator).append(item.name).append("=");
+        separator = ", ";
+        if (item.kind == Item::null)
             line += "null";
-            break;
-        }
+        else
+            line += item.kind == Item::array ? ShortArray(item.values) : Decimal(item.values[0]);
     }
-    return line + "): " + outcome;
+    return line.append("): ").append(outcome);
 }
 
 std::string Call::Values(const char* function) const
 {
-    return Line(function) + "\nArguments\n" + ItemLines(arguments) + "Results\n" + ItemLines(results);
+    std::string text = Line(function);
+    text.append("\nArguments\n").append(ItemLines(arguments));
+    return text.append("Results\n").append(ItemLines(results));
 }
 
 } // namespace trelvanix::bits

@@ -1,0 +1,7 @@
+# WebAssembly with Debian's emscripten; programs run under Node. A shared library becomes a static one.
+# The processor is named here because emscripten would pretend an x86, whose options it doesn't have.
+set(EMSCRIPTEN_SYSTEM_PROCESSOR wasm32)
+include(/usr/share/emscripten/cmake/Modules/Platform/Emscripten.cmake)
+set(CMAKE_CROSSCOMPILING_EMULATOR node)
+set(CMAKE_CXX_FLAGS_INIT -fwasm-exceptions)
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-fwasm-exceptions -sALLOW_MEMORY_GROWTH=1 -sEXIT_RUNTIME=1")
