@@ -47,14 +47,17 @@ void RecordInputs(const Request& request, Call& call)
 void AnswerFilter(int index, Call& call)
 {
     const bool recursive = call.random.OneIn(2);
-    const auto [signalLength, coefCount, signal, b, a] = DrawRequest(index, recursive, call);
-    // Not a.data() alone, which is null for no coefficients.
+    const Request r = DrawRequest(index, recursive, call);
+    // Not null, which an empty array's data may be: null asks for the other filter.
     const double nothing = 0.0;
-    const double* denominator = recursive ? (a.empty() ? &nothing : a.data()) : nullptr;
+    const double* a = r.a.empty() ? &nothing : r.a.data();
     call.RunForArray(
-        [&] { return Filter(signal.data(), b.data(), denominator, signalLength, coefCount); },
-        [&] { return signalLength; });
-    RecordInputs({signalLength, coefCount, signal, b, a}, call);
+        [&] {
+            return Filter(r.signal.data(), r.b.data(), recursive ? a : nullptr, r.signalLength,
+                          r.coefCount);
+        },
+        [&] { return r.signalLength; });
+    RecordInputs(r, call);
 }
 
 void AnswerFirFilter(int index, Call& call)

@@ -68,9 +68,8 @@ void AnswerWithWindow(int index, Call& call)
     const int order = call.Argument("order", FirOrder(80, 1500, random));
     const int filterType = call.Argument("filterType", FilterTypeFor(index, random));
     const int windowType = call.Argument("windowType", WindowTypeFor(index, random));
-    const auto [wc1, wc2] = Arguments(call);
-    const double lower = wc1, upper = wc2;
-    call.RunForArray([&] { return design(order, filterType, windowType, lower, upper); },
+    const Edges edges = Arguments(call);
+    call.RunForArray([&] { return design(order, filterType, windowType, edges.wc1, edges.wc2); },
                      [&] { return order + 1; });
 }
 
@@ -79,9 +78,8 @@ void AnswerRemez(int index, Call& call)
     Generator& random = call.random;
     const int order = call.Argument("order", FirOrder(30, 90, random));
     const int filterType = call.Argument("filterType", FilterTypeFor(index, random));
-    const auto [wc1, wc2] = Arguments(call);
-    const double lower = wc1, upper = wc2;
-    call.RunForArray([&] { return CreateFirByRemez(order, filterType, lower, upper); },
+    const Edges edges = Arguments(call);
+    call.RunForArray([&] { return CreateFirByRemez(order, filterType, edges.wc1, edges.wc2); },
                      [&] { return order + 1; });
 }
 
