@@ -16,7 +16,6 @@ cd "$(dirname "$0")/.."
 all=({g++,clang++}-{O0,O2,O3-native} g++-{baseline,avx2,avx512} i686 aarch64 riscv64 s390x windows webassembly)
 [ $# -gt 0 ] || set -- "${all[@]}"
 scripts/install_packages.sh battery
-export EM_CACHE=$PWD/build/battery/emscripten_cache
 
 # Sets options to what CMake is told for a build. Returns 1, with a message, where it can't run.
 options_of() {
@@ -104,10 +103,9 @@ for name in "$@"; do
   fi
   differing+=("$name")
   echo "$name: other bits than $reference ($((SECONDS - start)) s)"
-  diff "build/battery/$reference/digests" "$digests" | awk '/^>/ { print $2 }' |
-    while read -r function; do
-      explain "$reference" "$name" "$function" </dev/null
-    done
+  while read -r function _; do
+    explain "$reference" "$name" "$function" </dev/null
+  done < <(diff "build/battery/$reference/digests" "$digests" | sed -n 's/^> //p')
 done
 
 if [ ${#differing[@]} -gt 0 ]; then

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cinttypes>
 #include <cmath>
 #include <cstdio>
@@ -11,6 +10,7 @@
 #include <stdexcept>
 
 #include "bits/digest.h"
+#include "bits/number_bits.h"
 
 namespace trelvanix::bits
 {
@@ -20,7 +20,7 @@ namespace
 std::string Hexadecimal(double number)
 {
     std::array<char, 32> text = {};
-    std::snprintf(text.data(), text.size(), "%016" PRIx64, std::bit_cast<std::uint64_t>(number));
+    std::snprintf(text.data(), text.size(), "%016" PRIx64, BitsOf(number));
     return text.data();
 }
 

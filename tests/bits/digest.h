@@ -1,12 +1,12 @@
 #ifndef TRELVANIX_TESTS_BITS_DIGEST_H
 #define TRELVANIX_TESTS_BITS_DIGEST_H
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <string_view>
 
 #include "bits/mixing.h"
+#include "bits/number_bits.h"
 
 namespace trelvanix::bits
 {
@@ -26,7 +26,7 @@ public:
     void AddNumber(double number)
     {
         constexpr std::uint64_t notANumber = 0x7ff8000000000000;
-        AddWord(std::isnan(number) ? notANumber : std::bit_cast<std::uint64_t>(number));
+        AddWord(std::isnan(number) ? notANumber : BitsOf(number));
     }
 
     void AddText(std::string_view text)

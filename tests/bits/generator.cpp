@@ -1,8 +1,9 @@
 #include "bits/generator.h"
 
-#include <bit>
 #include <cstddef>
 #include <limits>
+
+#include "bits/number_bits.h"
 
 namespace trelvanix::bits
 {
@@ -64,7 +65,7 @@ double Generator::Special()
 
 double Generator::AnyBits()
 {
-    return std::bit_cast<double>(Word());
+    return NumberOf(Word());
 }
 
 double Generator::Edge()
@@ -124,7 +125,7 @@ std::vector<double> Generator::Numbers(int count)
         break;
     case 4: // many magnitudes
         for (double& number : numbers)
-            number *= std::bit_cast<double>(static_cast<std::uint64_t>(Between(923, 1123)) << 52);
+            number *= NumberOf(static_cast<std::uint64_t>(Between(923, 1123)) << 52);
         break;
     case 5:
         if (count > 0)
