@@ -7,23 +7,43 @@
 #     g++-baseline g++-avx2 g++-avx512     the instruction sets among which kernels are chosen, by emulated
 #                                          processors that lack the later ones
 #     i686 aarch64 riscv64 s390x           32-bit x86, 64-bit ARM, RISC-V, big-endian IBM Z; GCC, emulated
+#     g++-plain                            kernels without the compiler's vector types
 #     windows webassembly                  the DLL under Wine, the module under Node
+#     build/release ...                    a folder, by a slash in its name: the host of a build of all, which is not
+#                                          built again
 # What stays: the builds in build/battery/BUILD, where `run` starts the host (tests/bits/battery_host.cpp tells
 # its options). Installs the Debian packages that are missing (as root, or with sudo).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-all=({g++,clang++}-{O0,O2,O3-native} g++-{baseline,avx2,avx512} i686 aarch64 riscv64 s390x windows webassembly)
+all=({g++,clang++}-{O0,O2,O3-native} g++-{baseline,avx2,avx512,plain} i686 aarch64 riscv64 s390x windows webassembly)
 every=1
 if [ "${1-}" = --every ]; then
   every=$2
   shift 2
 fi
 [ $# -gt 0 ] || set -- "${all[@]}"
-scripts/install_packages.sh battery
+for name in "$@"; do
+  case $name in
+    */* | *-O[0-9]* | g++-plain) ;; # nothing but the compilers of the tests
+    *)
+      scripts/install_packages.sh battery
+      break
+      ;;
+  esac
+done
+
+# Where the host of a build is.
+folder_of() {
+  case $1 in
+    */*) echo "$1/tests/bits" ;;
+    *) echo "build/battery/$1" ;;
+  esac
+}
 
 # Sets options to what CMake is told for a build. Returns 1, with a message, where it can't run.
 options_of() {
+  [[ $1 != */* ]] || return 0
   options=(-DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_FLAGS_RELEASE=-O2)
   case $1 in
     *-O0) options+=(-DCMAKE_CXX_COMPILER="${1%-*}" -DCMAKE_CXX_FLAGS_RELEASE=-O0) ;;
@@ -31,6 +51,7 @@ options_of() {
     *-O3-native) options+=(-DCMAKE_CXX_COMPILER="${1%%-*}" -DCMAKE_CXX_FLAGS_RELEASE="-O3 -march=native") ;;
     g++-baseline) options+=("-DCMAKE_CROSSCOMPILING_EMULATOR=qemu-x86_64-static;-cpu;Nehalem") ;;
     g++-avx2) options+=("-DCMAKE_CROSSCOMPILING_EMULATOR=qemu-x86_64-static;-cpu;Haswell") ;;
+    g++-plain) options+=(-DTRELVANIX_PLAIN_LANES=ON) ;;
     g++-avx512)
       if ! grep -qw avx512bw /proc/cpuinfo; then
         echo "$1: skipped, this processor lacks AVX-512"
@@ -49,6 +70,7 @@ options_of() {
 
 # build BUILD, quiet while all goes well
 build() {
+  [[ $1 != */* ]] || return 0
   local folder=build/battery/$1
   mkdir -p "$folder"
   if ! { cmake -S tests/bits -B "$folder" "${options[@]}" &&
@@ -60,7 +82,7 @@ build() {
 
 # run BUILD [ARGUMENT...], with the line ends of this system
 run() {
-  "build/battery/$1/run" "${@:2}" | tr -d '\r'
+  "$(folder_of "$1")/run" "${@:2}" | tr -d '\r'
 }
 
 # explain REFERENCE BUILD FUNCTION: how many answers differ; the first of them with its values
@@ -86,7 +108,7 @@ reference='' compared=0 differing=()
 for name in "$@"; do
   options_of "$name" || continue
   build "$name"
-  start=$SECONDS digests=build/battery/$name/digests
+  start=$SECONDS digests=$(folder_of "$name")/digests
   run "$name" --every "$every" >"$digests" && status=0 || status=$?
   if [ "$status" -eq 77 ]; then
     echo "$name: $(cat "$digests")"
@@ -102,7 +124,7 @@ for name in "$@"; do
     continue
   fi
   compared=$((compared + 1))
-  if cmp -s "build/battery/$reference/digests" "$digests"; then
+  if cmp -s "$(folder_of "$reference")/digests" "$digests"; then
     echo "$name: the same bits ($((SECONDS - start)) s)"
     continue
   fi
@@ -110,7 +132,7 @@ for name in "$@"; do
   echo "$name: other bits than $reference ($((SECONDS - start)) s)"
   while read -r function _; do
     explain "$reference" "$name" "$function" </dev/null
-  done < <(diff "build/battery/$reference/digests" "$digests" | sed -n 's/^> //p')
+  done < <(diff "$(folder_of "$reference")/digests" "$digests" | sed -n 's/^> //p')
 done
 
 if [ ${#differing[@]} -gt 0 ]; then
