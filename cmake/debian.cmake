@@ -1,6 +1,16 @@
 # A Debian package for every library, as libtrelvanix1, whose number is that of the binary interface, and
-# libtrelvanix-dev for all of them.
+# libtrelvanix-dev for all of them. They take components of their own, laid out as Debian has its files, which
+# nothing else installs.
 set(developmentPackage libtrelvanix-dev)
+trelvanix_install(debian_ lib/${CMAKE_LIBRARY_ARCHITECTURE} ${CMAKE_INSTALL_DATAROOTDIR}/doc/${developmentPackage}
+  EXCLUDE_FROM_ALL)
+list(TRANSFORM trelvanixProducts PREPEND debian_runtime_ OUTPUT_VARIABLE debianComponents)
+file(WRITE ${PROJECT_BINARY_DIR}/debian/components.cmake
+"if(CPACK_GENERATOR STREQUAL \"DEB\")
+  set(CPACK_COMPONENTS_ALL ${debianComponents} debian_development)
+endif()
+")
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/debian/components.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -23,7 +33,7 @@ foreach(library IN LISTS libraries)
   get_target_property(version ${library} VERSION)
   get_target_property(soVersion ${library} SOVERSION)
   string(TOLOWER lib${library}${soVersion} package)
-  string(TOUPPER RUNTIME_${folder} component)
+  string(TOUPPER DEBIAN_RUNTIME_${folder} component)
   set(CPACK_DEBIAN_${component}_PACKAGE_NAME ${package})
   set(CPACK_DEBIAN_${component}_PACKAGE_SECTION libs)
   set(CPACK_DEBIAN_${component}_PACKAGE_SHLIBDEPS ON)
@@ -35,10 +45,10 @@ This package has the library ${library}.")
   list(APPEND packages ${package})
 endforeach()
 list(JOIN dependencies ", " dependencies)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${developmentPackage})
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${dependencies}")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}
+set(CPACK_DEBIAN_DEBIAN_DEVELOPMENT_PACKAGE_NAME ${developmentPackage})
+set(CPACK_DEBIAN_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${dependencies}")
+set(CPACK_DEBIAN_DEBIAN_DEVELOPMENT_DESCRIPTION "${about}
 .
 This package has the headers, the CMake package and the pkg-config files.")
 
@@ -73,9 +83,9 @@ execute_process(COMMAND gzip -9nf changelog
 
 function(trelvanix_install_debian_documents package component)
   install(FILES ${PROJECT_BINARY_DIR}/debian/copyright ${PROJECT_BINARY_DIR}/debian/changelog.gz
-    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
+    DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component} EXCLUDE_FROM_ALL)
 endfunction()
-foreach(package folder IN ZIP_LISTS packages trelvanixProducts)
-  trelvanix_install_debian_documents(${package} runtime_${folder})
+foreach(package component IN ZIP_LISTS packages debianComponents)
+  trelvanix_install_debian_documents(${package} ${component})
 endforeach()
-trelvanix_install_debian_documents(${developmentPackage} development)
+trelvanix_install_debian_documents(${developmentPackage} debian_development)

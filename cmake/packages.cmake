@@ -1,5 +1,5 @@
-# Packages, made by cpack: an archive (.tar.gz, for Windows .zip), or Debian packages with the option
-# TRELVANIX_DEBIAN_PACKAGES, which lays files out as Debian has them.
+# Packages, made by cpack from any build: an archive (.tar.gz, for Windows .zip), or with `cpack -G DEB` Debian
+# packages.
 string(TOLOWER ${CMAKE_SYSTEM_NAME} packageSystem)
 set(CPACK_PACKAGE_NAME trelvanix)
 set(CPACK_PACKAGE_VENDOR "The Trelvanix authors")
@@ -15,12 +15,13 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
-if(TRELVANIX_DEBIAN_PACKAGES)
-  set(CPACK_GENERATOR DEB)
-  include(${CMAKE_CURRENT_LIST_DIR}/debian.cmake)
-elseif(WIN32)
+if(WIN32)
   set(CPACK_GENERATOR ZIP)
 else()
   set(CPACK_GENERATOR TGZ)
+endif()
+# Compilers of Debian and its descendants name the folder of the architecture's libraries.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND CMAKE_LIBRARY_ARCHITECTURE)
+  include(${CMAKE_CURRENT_LIST_DIR}/debian.cmake)
 endif()
 include(CPack)

@@ -32,7 +32,7 @@ if [ "${1:-}" = --coverage ]; then
       "tests/fuzz/corpus/$target" "$found/$target" 2>/dev/null
   done
   llvm-profdata merge -o "$counted/all.profdata" "$counted"/*.profraw
-  llvm-cov report "$counted/src/libTrelvanix.so" -instr-profile="$counted/all.profdata" "$PWD/src"
+  llvm-cov report "$counted/src/classic/libTrelvanix.so" -instr-profile="$counted/all.profdata" "$PWD/src"
   exit 0
 fi
 

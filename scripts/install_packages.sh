@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the given jobs need and that are missing.
-#   scripts/install_packages.sh JOB...     JOB: bench, demo, test, reliability
+#   scripts/install_packages.sh JOB...     JOB: battery, bench, demo, test, reliability
 # As root, or with sudo; does nothing, and takes no time, when everything is there.
 set -euo pipefail
 
@@ -31,6 +31,14 @@ reliability_packages=(
   valgrind                                         # memory checker
   ninja-build                                      # the many builds of the mutation test
 )
+battery_packages=(
+  cmake make g++ clang
+  g++-i686-linux-gnu                               # other processors,
+  g++-aarch64-linux-gnu g++-riscv64-linux-gnu g++-s390x-linux-gnu
+  qemu-user-static                                 # emulated
+  g++-mingw-w64-x86-64-posix                       # Windows
+  emscripten                                       # WebAssembly
+)
 # Tools of the example hosts that a machine may well have from elsewhere.
 for tool in javac:default-jdk-headless node:nodejs npm:npm rustc:rustc; do
   command -v "${tool%%:*}" >/dev/null || test_packages+=("${tool#*:}")
@@ -44,6 +52,9 @@ optional_test_packages=(
 packages=() optional_packages=()
 for job in "$@"; do
   case $job in
+    battery)
+      packages+=("${battery_packages[@]}") optional_packages+=("${optional_test_packages[@]}")
+      ;;
     bench) packages+=("${bench_packages[@]}") ;;
     demo) packages+=("${demo_packages[@]}") ;;
     test) packages+=("${test_packages[@]}") optional_packages+=("${optional_test_packages[@]}") ;;
@@ -51,7 +62,7 @@ for job in "$@"; do
       packages+=("${test_packages[@]}" "${reliability_packages[@]}")
       optional_packages+=("${optional_test_packages[@]}")
       ;;
-    *) echo "install_packages.sh: unknown job '$job'; it is bench, demo, test or reliability" >&2; exit 2 ;;
+    *) echo "install_packages.sh: unknown job '$job'; it is battery, bench, demo, test or reliability" >&2; exit 2 ;;
   esac
 done
 

@@ -31,15 +31,14 @@ fuzz() {
 
 # Every allocation of every function fails once.
 allocation() {
-  build release --target trelvanix_allocation_tests
-  build/release/tests/abi/trelvanix_allocation_tests --gtest_brief=1
+  build release
+  ctest --preset release --tests-regex '^abi\.AllocationFailure' --no-tests=error
 }
 
 # Eight threads, all functions, the same inputs: 200 times 24 rounds.
 concurrency() {
-  build release --target trelvanix_abi_tests
-  build/release/tests/abi/trelvanix_abi_tests --gtest_filter='Concurrency.*' --gtest_repeat=200 \
-    --gtest_brief=1 | grep -c '^\[  PASSED  \]'
+  build release
+  ctest --preset release --tests-regex '^abi\.Concurrency' --no-tests=error --repeat until-fail:200
 }
 
 sanitizers() {
@@ -58,10 +57,13 @@ valgrind() {
   build release
   local check=(command valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite,indirect
     --error-exitcode=1)
-  "${check[@]}" build/release/tests/trelvanix_tests --gtest_brief=1 --gtest_filter='-*DeathTest.*'
-  "${check[@]}" build/release/tests/abi/trelvanix_abi_tests --gtest_brief=1 \
-    --gtest_filter='-*DeathTest.*:HostPrecision.*'
-  "${check[@]}" build/release/tests/abi/trelvanix_memory_host
+  local program
+  for program in build/release/tests/{,*/}trelvanix_*tests build/release/tests/abi/*/trelvanix_abi_tests; do
+    "${check[@]}" "$program" --gtest_brief=1 --gtest_filter='-*DeathTest.*:HostPrecision.*'
+  done
+  for program in build/release/tests/abi/*/trelvanix_memory_host; do
+    "${check[@]}" "$program"
+  done
 }
 
 # Lines and branches of src/ that the unit tests, the hosts and the Python oracles reach. Branches that
@@ -76,9 +78,9 @@ coverage() {
   "${report[@]}" --branches
 }
 
-# GCC and Clang, -O0 to -O3, with and without AVX2 and AVX-512: the same bits.
+# GCC and Clang, -O0 to -O3, every instruction set and platform: the same bits.
 builds() {
-  scripts/compare_builds.sh
+  scripts/battery.sh
 }
 
 # The library broken in 300 places, one at a time.
