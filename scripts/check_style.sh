@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Fails when clang-format would change a source file or clang-tidy finds something in one.
-#   scripts/check_style.sh [FOLDER...]   the folders for clang-tidy; default: src tests examples bench, of
+#   scripts/check_style.sh [FOLDER...]   the folders for clang-tidy; default: src tests examples measure, of
 #                                        which tests take most of the time
 # Needs the release build folder, where the compile commands are.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-[ $# -gt 0 ] || set -- src tests examples bench
+[ $# -gt 0 ] || set -- src tests examples measure
 git ls-files '*.h' '*.c' '*.cpp' | xargs clang-format --dry-run --Werror
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT

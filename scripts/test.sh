@@ -80,7 +80,7 @@ build mingw
 run_tests mingw
 
 step "Style: clang-format, clang-tidy but for the tests"
-scripts/check_style.sh src examples bench
+scripts/check_style.sh src examples measure
 
 step "Demonstration"
 scripts/demo.sh

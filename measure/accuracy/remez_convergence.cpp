@@ -3,7 +3,7 @@
 // the largest error in the bands beside the smallest one that any design of the family reaches up to
 // that order. Takes some ten seconds.
 //
-//   cmake --build build/release --target remez_convergence && build/release/tests/remez_convergence
+//   cmake --build build/release --target remez_convergence && build/release/measure/remez_convergence
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

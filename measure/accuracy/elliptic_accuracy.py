@@ -5,16 +5,19 @@ stopband's at least the attenuation, each within TOLERANCE decibels. Where the s
 with fifty digits from the order, the ripple and the attenuation; the responses of the coefficients are
 evaluated in extended precision, so that only the coefficients count. SciPy's coefficients stand beside.
 
-    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 tests/peer/measure_elliptic.py
+    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 measure/accuracy/elliptic_accuracy.py
 """
 
 import functools
 import random
+import sys
+from pathlib import Path
 
 import mpmath
 import numpy as np
 import scipy.signal
 
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "peer"))
 import test_minimum_order as orders
 import trelvanix_library as trelvanix
 

@@ -1,6 +1,6 @@
 """Measures the IIR designs of the built library; prints the tables of the documentation as Markdown.
 
-    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 tests/peer/measure_iir_accuracy.py
+    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 measure/accuracy/iir_accuracy.py
 
 First table: up to which order a design's response is within 0.01 dB of the exact one, wherever the exact
 one is above -100 dB, and the error of the first, third and fifth order after it; SciPy's transfer functions beside it.
@@ -10,11 +10,14 @@ Third table: to which order b and a of a Bessel lowpass are what they should be,
 """
 
 import math
+import sys
+from pathlib import Path
 
 import mpmath
 import numpy as np
 import scipy.signal
 
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "peer"))
 import exact_iir as exact
 import literal_iir as literal
 import trelvanix_library as trelvanix
