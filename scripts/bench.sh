@@ -26,7 +26,7 @@ fi
   --benchmark_enable_random_interleaving=true --benchmark_out_format=json \
   --benchmark_out="$results/library.json" >/dev/null 2>"$results/library.log" ||
   { cat "$results/library.log" >&2; exit 1; }
-TRELVANIX_LIBRARY=build/release/src/libTrelvanix.so PYTHONDONTWRITEBYTECODE=1 \
+TRELVANIX_LIBRARY=build/release/src/classic/libTrelvanix.so PYTHONDONTWRITEBYTECODE=1 \
   /usr/bin/python3 measure/benchmarks/python_peers.py "$results/python.json" "$filter"
 /usr/bin/python3 measure/benchmarks/report.py --figure "$results/growth.png" \
   "$results/library.json" "$results/python.json" | tee "$results/performance.md"

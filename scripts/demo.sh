@@ -33,6 +33,7 @@ draw() {
 echo "== ecg_cleanup: baseline, mains and muscle noise taken off"
 "$build/examples/ecg_cleanup" "$recording" "$build/ecg"
 draw examples/ecg_cleanup/plot.gp "$build/ecg" "$build/ecg/ecg.png"
+draw examples/ecg_cleanup/plot_excerpt.gp "$build/ecg" "$build/ecg/excerpt.png"
 
 echo
 echo "== filter_families: from requirements to a low-pass of each family"

@@ -1,6 +1,6 @@
 """Times of the peers in Python: NumPy and SciPy, called as their users call them.
 
-    TRELVANIX_LIBRARY=build/release/src/libTrelvanix.so /usr/bin/python3 measure/benchmarks/python_peers.py OUTPUT [FILTER]
+    TRELVANIX_LIBRARY=.../libTrelvanix.so /usr/bin/python3 measure/benchmarks/python_peers.py OUTPUT [FILTER]
 
 Writes OUTPUT in the form of Google Benchmark's JSON, rows named family/size/side as in trelvanix_bench,
 those alone that the regular expression FILTER finds. Each row first compares the peer's answer with the
