@@ -8,9 +8,9 @@ else()
   target_compile_options(trelvanix_arithmetic INTERFACE
     # A fused multiply-add rounds once where the contract rounds twice.
     -ffp-contract=off
-    # These two change no value: nobody reads errno or the floating-point exception flags.
-    -fno-math-errno
-    -fno-trapping-math)
+    # Changes no value: nobody reads errno. (Without traps GCC would take int(x) as a rounded double, which keeps the
+    # sign of a zero.)
+    -fno-math-errno)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # Where the target has fused multiply-adds, GCC's vectoriser makes use of them for complex products
     # in spite of -ffp-contract=off. Kernels name their vectors themselves and lose nothing without it.

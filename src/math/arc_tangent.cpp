@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 
+#include "common/numbers.h"
 #include "math/arc_tangent_kernel.h"
 #include "math/scaled_rounding.h"
 #include "math/trigonometric.h"
@@ -23,9 +23,9 @@ struct Scaled {
 Scaled SplitExponent(double x)
 {
     const bool subnormal = std::fabs(x) < 0x1p-1022;
-    const auto bits = std::bit_cast<std::uint64_t>(subnormal ? x * 0x1p54 : x);
+    const auto bits = BitCast<std::uint64_t>(subnormal ? x * 0x1p54 : x);
     const int exponent = static_cast<int>(bits >> 52 & 0x7FF) - 1023;
-    const auto significand = std::bit_cast<double>((bits & 0x800FFFFFFFFFFFFF) | 0x3FF0000000000000);
+    const auto significand = BitCast<double>((bits & 0x800FFFFFFFFFFFFF) | 0x3FF0000000000000);
     return {significand, subnormal ? exponent - 54 : exponent};
 }
 

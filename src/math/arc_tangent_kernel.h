@@ -1,10 +1,10 @@
 #ifndef TRELVANIX_MATH_ARC_TANGENT_KERNEL_H
 #define TRELVANIX_MATH_ARC_TANGENT_KERNEL_H
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 
+#include "common/numbers.h"
 #include "math/sine_kernel.h"
 
 namespace trelvanix
@@ -41,7 +41,7 @@ inline int NearestNode(const HalfQuadrant& point)
 {
     // As in ReduceModerate.
     const double shifted = arcNodes * (point.small.high / point.large.high) + 0x1.8p52;
-    return static_cast<int>(std::bit_cast<std::uint64_t>(shifted) % (std::uint64_t{2} * arcNodes));
+    return static_cast<int>(BitCast<std::uint64_t>(shifted) % (std::uint64_t{2} * arcNodes));
 }
 
 // Magnitude of the angle of (x, y) from that of the folded point, and its error, which sums of pairs with

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/numbers.h"
 #include "math/scaled_rounding.h"
 
 namespace trelvanix
@@ -17,7 +18,7 @@ using QuarterTurns = std::array<std::uint32_t, 32>;
 // contribute are whole turns, of the lower ones three columns are missing. Source: Payne & Hanek 1983.
 void AddQuarterTurns(double x, QuarterTurns& sum, int limbs)
 {
-    const auto bits = std::bit_cast<std::uint64_t>(x);
+    const auto bits = BitCast<std::uint64_t>(x);
     const int biased = static_cast<int>(bits >> 52 & 0x7FF);
     std::uint64_t significand = bits & 0xFFFFFFFFFFFFF;
     if (biased > 0)
@@ -123,7 +124,7 @@ ReducedPair ReduceModeratePair(Pair x)
     const double k = shifted - shifter;
     const Pair difference = TwoSum(x.high - k * angleStepHigh, -(k * angleStepMiddle));
     const Pair product = TwoProduct(k, angleStepLow) + k * angleStepTail;
-    return {static_cast<int>(std::bit_cast<std::uint64_t>(shifted) % turnSteps),
+    return {static_cast<int>(BitCast<std::uint64_t>(shifted) % turnSteps),
             (difference + x.low) - product};
 }
 

@@ -1,10 +1,10 @@
 #ifndef TRELVANIX_MATH_ARGUMENT_REDUCTION_H
 #define TRELVANIX_MATH_ARGUMENT_REDUCTION_H
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 
+#include "common/numbers.h"
 #include "math/trigonometric_tables.h"
 #include "math/wide_number.h"
 
@@ -53,7 +53,7 @@ inline ReducedAngle ReduceModerate(double x)
     const double middle = k * angleStepMiddle;
     const double high = rest - middle;
     const Pair sum = FastTwoSum(high, ((rest - high) - middle) - k * angleStepLow);
-    return {static_cast<int>(std::bit_cast<std::uint64_t>(shifted) % turnSteps), sum.high, sum.low,
+    return {static_cast<int>(BitCast<std::uint64_t>(shifted) % turnSteps), sum.high, sum.low,
             std::fabs(k) * 0x1p-123};
 }
 

@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
+#include "common/numbers.h"
 #include "math/exponential.h"
 #include "math/scaled_rounding.h"
 #include "math/wide_number.h"
@@ -22,7 +22,7 @@ constexpr int exactLimbs = 10;
 // Of x > 0: its binary exponent, -1023 for subnormal numbers.
 int ExponentOf(double x)
 {
-    const int biased = static_cast<int>(std::bit_cast<std::uint64_t>(x) >> 52);
+    const int biased = static_cast<int>(BitCast<std::uint64_t>(x) >> 52);
     return biased - 1023;
 }
 
@@ -40,7 +40,7 @@ double RoundExactly(double x, double y, ScaledPair estimate)
     const double unit = smallestNormal * 0x1p-52;
     const double neighbour =
         isSubnormal ? candidate + (isAbove ? unit : -unit)
-                    : std::bit_cast<double>(std::bit_cast<std::uint64_t>(high) + (isAbove ? 1 : -1ULL));
+                    : BitCast<double>(BitCast<std::uint64_t>(high) + (isAbove ? 1 : -1ULL));
 
     const WideNumber wideX = ToWide(x, exactLimbs), wideY = ToWide(y, exactLimbs);
     const WideNumber sum = Add(Multiply(wideX, wideX), Multiply(wideY, wideY));

@@ -7,6 +7,7 @@
 #include <limits>
 #include <optional>
 
+#include "common/numbers.h"
 #include "math/exponential_core.h"
 #include "math/logarithm_core.h"
 #include "math/scaled_rounding.h"
@@ -33,7 +34,7 @@ OddNumber ToOddNumber(double x)
         x *= 0x1p100;
         exponent -= 100;
     }
-    const auto bits = std::bit_cast<std::uint64_t>(x);
+    const auto bits = BitCast<std::uint64_t>(x);
     const std::uint64_t significand = (bits & 0xFFFFFFFFFFFFFU) | std::uint64_t{1} << 52;
     const int zeros = std::countr_zero(significand);
     return {significand >> zeros, exponent + static_cast<int>(bits >> 52) - 1 + zeros};

@@ -1,9 +1,9 @@
 #ifndef TRELVANIX_MATH_QUICK_EXPONENTIAL_H
 #define TRELVANIX_MATH_QUICK_EXPONENTIAL_H
 
-#include <bit>
 #include <cstdint>
 
+#include "common/numbers.h"
 #include "math/exponential_tables.h"
 #include "math/pair.h"
 #include "math/scaled_rounding.h"
@@ -24,7 +24,7 @@ inline ExponentialStep FindStep(double x)
     constexpr double toInteger = 0x1.8p52; // makes the last bit of a sum weigh one
     const double shifted = x * stepsPerUnit + toInteger;
     // The low half of the sum's significand is the whole number, negative ones in two's complement.
-    const auto index = static_cast<std::int32_t>(std::bit_cast<std::uint64_t>(shifted));
+    const auto index = static_cast<std::int32_t>(BitCast<std::uint64_t>(shifted));
     return {shifted - toInteger, &powersOfTwo[static_cast<unsigned>(index) & 127U], index >> 7};
 }
 

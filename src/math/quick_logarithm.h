@@ -1,9 +1,9 @@
 #ifndef TRELVANIX_MATH_QUICK_LOGARITHM_H
 #define TRELVANIX_MATH_QUICK_LOGARITHM_H
 
-#include <bit>
 #include <cstdint>
 
+#include "common/numbers.h"
 #include "math/exponential_tables.h"
 #include "math/pair.h"
 
@@ -20,14 +20,13 @@ struct Decomposed {
 // For normal x > 0.
 inline Decomposed Decompose(double x)
 {
-    const auto bits = std::bit_cast<std::uint64_t>(x);
+    const auto bits = BitCast<std::uint64_t>(x);
     const auto index = static_cast<unsigned>(bits >> 45) & 127U;
     // From 1 + 53 / 128 = 1.4140625 on the row is that of m / 2.
     const unsigned upper = index >= 53U ? 1U : 0U;
     const std::uint64_t significand = bits & 0xFFFFFFFFFFFFFU;
     return {static_cast<int>(bits >> 52) - 1023 + static_cast<int>(upper),
-            std::bit_cast<double>(significand | std::uint64_t{1023U - upper} << 52),
-            &reciprocals[index]};
+            BitCast<double>(significand | std::uint64_t{1023U - upper} << 52), &reciprocals[index]};
 }
 
 // log(x) for normal x > 0; relative error below 2^-65. Zero for 1. The reduction is that of LogOfPair.

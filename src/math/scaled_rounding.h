@@ -1,12 +1,12 @@
 #ifndef TRELVANIX_MATH_SCALED_ROUNDING_H
 #define TRELVANIX_MATH_SCALED_ROUNDING_H
 
-#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
 
+#include "common/numbers.h"
 #include "math/pair.h"
 #include "math/wide_number.h"
 
@@ -22,7 +22,7 @@ struct ScaledPair {
 // 2^exponent for exponents from -1022 to 1023.
 constexpr double PowerOfTwo(int exponent)
 {
-    return std::bit_cast<double>(static_cast<std::uint64_t>(exponent + 1023) << 52);
+    return BitCast<double>(static_cast<std::uint64_t>(exponent + 1023) << 52);
 }
 
 // x 2^exponent for |exponent| <= 2000 and x from 2^-100 to 2^100 in magnitude, rounded where it is

@@ -1,4 +1,5 @@
 #include "math/wide_number.h"
+#include "common/numbers.h"
 
 #include <algorithm>
 #include <bit>
@@ -102,7 +103,7 @@ WideNumber Combine(const WideNumber& large, const WideNumber& small, bool subtra
 
 WideNumber ToWide(double x, int limbs)
 {
-    const auto bits = std::bit_cast<std::uint64_t>(x);
+    const auto bits = BitCast<std::uint64_t>(x);
     const auto biased = static_cast<std::int64_t>(bits >> 52 & 0x7FF);
     std::uint64_t significand = bits & 0xFFFFFFFFFFFFF;
     if (biased > 0)
@@ -271,7 +272,7 @@ double ToDouble(const WideNumber& x)
     std::uint64_t bits = kept + static_cast<std::uint64_t>(up);
     if (exponent >= -1021)
         bits += static_cast<std::uint64_t>(exponent + 1021) << 52;
-    return sign * std::bit_cast<double>(bits);
+    return sign * BitCast<double>(bits);
 }
 
 std::optional<double> RoundToDouble(const WideNumber& x, std::int64_t errorExponent)
@@ -281,7 +282,7 @@ std::optional<double> RoundToDouble(const WideNumber& x, std::int64_t errorExpon
     const double below = ToDouble(Subtract(x, error));
     const double above = ToDouble(Add(x, error));
     // Zeros of either sign differ.
-    if (std::bit_cast<std::uint64_t>(below) != std::bit_cast<std::uint64_t>(above))
+    if (BitCast<std::uint64_t>(below) != BitCast<std::uint64_t>(above))
         return std::nullopt;
     return below;
 }
