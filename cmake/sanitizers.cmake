@@ -8,7 +8,7 @@ if(TRELVANIX_SANITIZE)
   endif()
   if(TRELVANIX_SANITIZE MATCHES "memory")
     add_compile_options(
-      -fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/memory_sanitizer/uninstrumented.txt
-      $<$<COMPILE_LANGUAGE:CXX>:-include$<SEMICOLON>${CMAKE_CURRENT_LIST_DIR}/memory_sanitizer/own_templates.h>)
+      -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/tests/memory_sanitizer/uninstrumented.txt
+      $<$<COMPILE_LANGUAGE:CXX>:-include$<SEMICOLON>${PROJECT_SOURCE_DIR}/tests/memory_sanitizer/own_templates.h>)
   endif()
 endif()

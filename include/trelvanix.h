@@ -224,7 +224,7 @@ TRELVANIX_API double* CreateFirByFS(int order, int filterType, int windowType, d
  *
  * Errors, first failure wins: std::invalid_argument for a lowpass or highpass with wc2 = 0 and wc1
  * not 0; std::bad_array_new_length for order below -1 or one whose tap count does not fit an int;
- * std::length_error for a frequency grid of more than 2^27 points (about 8 per tap and unit of band
+ * std::length_error for a frequency grid of more than 2^24 points (about 8 per tap and unit of band
  * width); std::bad_alloc. An edge that is infinite or not a number makes every tap not-a-number.
  * Source: Parks & McClellan 1972; McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, double wc2);
@@ -246,9 +246,9 @@ TRELVANIX_API double* CreateFirByRemez(int order, int filterType, double wc1, do
  * reciprocals of their deviations; what is said of the exchange at CreateFirByRemez holds here too.
  *
  * Errors, first failure wins: std::invalid_argument for filterType outside 0 .. 3, for an ndev that
- * does not suit it (dev and *order are then untouched), for an estimate that is not finite or does not
- * fit an int (*order is then untouched); std::bad_array_new_length for an order below -1 or one whose
- * tap count does not fit an int; std::length_error for a frequency grid of more than 2^27 points;
+ * does not suit it (dev and *order are then untouched), for an estimate that is not finite or above
+ * 65,536 (*order is then untouched); std::bad_array_new_length for an order below -1 or one whose
+ * tap count does not fit an int; std::length_error for a frequency grid of more than 2^24 points;
  * std::bad_alloc. A deviation of zero or below has no finite estimate.
  * Source: order, Herrmann, Rabiner & Chan 1973; design, McClellan, Parks & Rabiner 1973. */
 TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, double f3, double f4,
@@ -268,7 +268,9 @@ TRELVANIX_API double* CreateFirByRemezord(int filterType, double f1, double f2, 
  *   analog      0 for a digital design. Otherwise prewarping and bilinear transform are left out, but
  *               the lower edge counts as 0 and is never read, and b is still that of a digital filter:
  *               lowpass and highpass then have all poles at 0, the band types (which take wn[1] as
- *               their bandwidth) not-a-number coefficients. There is no useful analog design.
+ *               their bandwidth) not-a-number coefficients. There is no useful analog design. A
+ *               filterType that is none of the four reads wn[0] here too, as the edge in rad/s, and
+ *               has the denominator of the analog lowpass.
  *   a           N + 1 doubles, written: denominator, a[0] = 1, descending powers of z; null is allowed
  *   b           N + 1 doubles, written: numerator; null is allowed
  *
@@ -293,7 +295,9 @@ TRELVANIX_API void Butterworth(int order, double* wn, unsigned int filterType, i
  * The other parameters and the errors are those of Butterworth; wn holds the edge or edges of the pass
  * band, where the response leaves the ripple, rp below its peak. The peak is one; for an even order the
  * response at the reference frequency (see Butterworth) is at the bottom of the ripple. A filterType
- * that is none of the four has a numerator whose only coefficient is the prototype's gain.
+ * that is none of the four has a numerator of zeros but for b[0], which comes from the gain of the
+ * prototype, g = 1 / (2^(n - 1) sqrt(10^(rp/10) - 1)): it is -g for an odd order n, and g times the bottom
+ * of the ripple, 10^(-rp/20), for an even one.
  * rp = 0 gives not-a-number coefficients.
  * Source: Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Chebyshv1(int order, double rp, double* wn, unsigned int filterType, int analog,
@@ -313,6 +317,18 @@ TRELVANIX_API void Chebyshv1(int order, double rp, double* wn, unsigned int filt
  *     by the first coefficient that is larger). Up to order 12 that is so for attenuations up to 80 dB
  *     with edges from 0.3 and up to 70 dB with edges from 0.05 on.
  * The denominator is right in any case. rs = 0 gives not-a-number coefficients.
+ *
+ * The numerator is read back for other filter types and with analog set too, where Butterworth has a
+ * fixed one:
+ *   - a filterType that is none of the four gives the digital lowpass whose stop band begins at wn[0]
+ *     rad/s before the bilinear transform (sampling rate 2), with a numerator as good as a lowpass has;
+ *   - the same with analog set: the denominator of the analog lowpass; in b the first coefficient
+ *     is right and the last one equals it, which is wrong (even orders), or all but the first are infinite
+ *     or not-a-number (odd orders);
+ *   - analog lowpass: b is 10^(-rs/20) at both ends and rounding noise between them (even orders), or 0
+ *     followed by not-a-numbers (odd orders);
+ *   - analog highpass: b is 1 at both ends and rounding noise between them;
+ *   - analog band types: not-a-number, but perhaps for b[0].
  * Source: Parks & Burrus, Digital Filter Design, 1987. */
 TRELVANIX_API void Chebyshv2(int order, double rs, double* wn, unsigned int filterType, int analog,
                              double* a, double* b);
@@ -363,6 +379,9 @@ TRELVANIX_API void Bessel(int order, double* wn, int filterType, double* a, doub
  *     double precision.
  * Where all this holds, 90 to 100 % of random designs up to order 9 kept their mask (docs/NUMERICS.md has
  * the tables, for narrow bands and low edges too). Rp = 0 gives not-a-number coefficients.
+ *
+ * What Chebyshv2 says of other filter types and of analog holds here too, with Rs for rs and wn[0] as the
+ * end of the pass band; the ends of b of an analog highpass of even order are 10^(-Rp/20).
  * Source: Orfanidis, Lecture Notes on Elliptic Filter Design, 2006. */
 TRELVANIX_API void Elliptic(int order, double Rp, double Rs, double* wn, unsigned int filterType,
                             int analog, double* a, double* b);
@@ -394,8 +413,12 @@ TRELVANIX_API void Elliptic(int order, double Rp, double Rs, double* wn, unsigne
  * one then.
  *
  * Errors: std::bad_alloc. Numbers are not checked: an order that is infinite or not a number (equal
- * edges, no ripple) is written as the most negative int. Any other edgeCount counts as lowpass or
- * highpass and touches nothing outside arrays of that length.
+ * edges, no ripple) is written as the most negative int, and edges out of order may give a negative
+ * order. A transition with a not-a-number edge is passed over, and so, being infinitely wide, is one
+ * from or to 0 (an edge of a lowpass or highpass, a stop-band edge of a bandpass): the order is that of
+ * the other transition of a band type, and 0 where none is left, so look for such edges first. A
+ * bandstop whose first stop-band edge is not a number counts as bandpass. Any other edgeCount counts as
+ * lowpass or highpass and touches nothing outside arrays of that length.
  * Source: Rabiner & Gold 1975; elliptic integrals, Abramowitz & Stegun 1964; minimiser, Brent 1973. */
 TRELVANIX_API void FilterMinimumOrder(int designType, const double* edges, int edgeCount,
                                       double passRipple, double stopAttenuation, int* order,

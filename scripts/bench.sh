@@ -3,12 +3,12 @@
 #   scripts/bench.sh [FILTER]     FILTER: regular expression of the rows wanted, as '^FIR/16 taps';
 #                                 everything without it, which takes some five minutes
 # Installs the Debian packages that are missing. The tables, the figures they are made from and a picture
-# of how time and memory grow stay in build/release/bench. Fails when an answer does not agree.
+# of how time and memory grow stay in build/release/measure/benchmarks. Fails when an answer does not agree.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 filter=${1:-.}
-results=build/release/bench
+results=build/release/measure/benchmarks
 log=$results/build.log
 
 scripts/install_packages.sh bench
@@ -26,7 +26,7 @@ fi
   --benchmark_enable_random_interleaving=true --benchmark_out_format=json \
   --benchmark_out="$results/library.json" >/dev/null 2>"$results/library.log" ||
   { cat "$results/library.log" >&2; exit 1; }
-TRELVANIX_LIBRARY=build/release/src/libTrelvanix.so PYTHONDONTWRITEBYTECODE=1 \
-  /usr/bin/python3 bench/python_peers.py "$results/python.json" "$filter"
-/usr/bin/python3 bench/report.py --figure "$results/growth.png" \
+TRELVANIX_LIBRARY=build/release/src/classic/libTrelvanix.so PYTHONDONTWRITEBYTECODE=1 \
+  /usr/bin/python3 measure/benchmarks/python_peers.py "$results/python.json" "$filter"
+/usr/bin/python3 measure/benchmarks/report.py --figure "$results/growth.png" \
   "$results/library.json" "$results/python.json" | tee "$results/performance.md"

@@ -41,6 +41,7 @@ draw() {
 echo "== ecg_cleanup: baseline, mains and muscle noise taken off"
 "$build/examples/ecg_cleanup" "$recording" "$results/ecg"
 draw examples/ecg_cleanup/plot.gp "$results/ecg" "$results/ecg/ecg.png"
+draw examples/ecg_cleanup/plot_excerpt.gp "$results/ecg" "$results/ecg/excerpt.png"
 
 echo
 echo "== filter_families: from requirements to a low-pass of each family"

@@ -3,7 +3,7 @@
 cmake_minimum_required(VERSION 3.22)
 
 file(READ ${SOURCE_DIR}/README.md readme)
-foreach(program c:first_filter.c cpp:first_filter.cpp python:first_filter.py)
+foreach(program c:readme_host.c python:readme_host.py)
   string(REGEX MATCH "^([a-z]+):(.*)$" matched ${program})
   file(READ ${SOURCE_DIR}/examples/hosts/${CMAKE_MATCH_2} source)
   string(FIND "${readme}" "```${CMAKE_MATCH_1}\n${source}```\n" position)

@@ -17,7 +17,7 @@ ResultArray CreateFirByRemez(int order, int filterType, double wc1, double wc2);
 // [0, 1] are taken as they are. Order -1 gives an empty array.
 // Errors, first failure wins: std::bad_array_new_length for an order below -1 or one whose tap count
 // does not fit an int; std::bad_alloc; std::invalid_argument for a first edge other than 0 or a last
-// one other than 1; std::length_error "vector too long" for a grid of more than 2^27 points. The edges
+// one other than 1; std::length_error "vector too long" for a grid of more than 2^24 points. The edges
 // are untouched then.
 ResultArray DesignEquiripple(int order, double* edges, const double* amplitudes, int edgeCount,
                              const double* bandWeights, int bandWeightCount);

@@ -53,18 +53,16 @@ std::vector<double> BandMagnitudes(int filterType)
     }
 }
 
-// The order for an estimated number of taps.
+// The order for an estimated number of taps. A filter of more than some ten thousand taps is no design but a mistake
+// in the request, and its exchange would take hours.
 int OrderOf(double tapEstimate, bool passesNyquist)
 {
+    constexpr int largestOrder = 65536;
     const double lowerOrder = std::ceil(tapEstimate) - 1.0;
     const int order = ToInt(lowerOrder);
-    if (order != lowerOrder) // not finite, or out of range
+    if (order != lowerOrder || order > largestOrder) // not finite, out of range
         ThrowNoFiniteOrder();
-    if (!passesNyquist || order % 2 == 0)
-        return order;
-    if (order == std::numeric_limits<int>::max())
-        ThrowNoFiniteOrder();
-    return order + 1;
+    return passesNyquist && order % 2 != 0 ? order + 1 : order;
 }
 
 } // namespace

@@ -26,7 +26,7 @@ ResultArray CreateFirByRemezord(int filterType, double f1, double f2, double f3,
 // transitions. Made even when the last band passes: an odd order has no response at Nyquist.
 //
 // Errors, first failure wins: std::invalid_argument for filterType outside 0 .. 3, for an ndev that
-// does not suit it (dev is then untouched), for an order that is not finite or does not fit an int;
+// does not suit it (dev is then untouched), for an order that is not finite or above 65,536;
 // std::bad_alloc.
 RemezordResult Remezord(int filterType, double f1, double f2, double f3, double f4, double* dev,
                         int ndev);

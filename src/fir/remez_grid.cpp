@@ -12,7 +12,7 @@ namespace trelvanix
 namespace
 {
 
-constexpr double largestGrid = 134217728.0; // 2^27 points
+constexpr double largestGrid = 16777216.0; // 2^24 points
 
 // Appends the points of a band that reaches from the grid's last point to fup, and some steps beyond.
 void AppendBand(std::vector<double>& grid, double fup, double delf)

@@ -25,7 +25,7 @@ struct RemezProblem {
 // points than taps, the density is multiplied by 4. Points that lie in no band (edges out of order)
 // have the value 0 and the weight 0.
 //
-// Errors: std::length_error "vector too long" for a grid of more than 2^27 points, which is also what
+// Errors: std::length_error "vector too long" for a grid of more than 2^24 points, which is also what
 // bands without any width end in; std::bad_alloc. Nothing else is checked.
 // Source: McClellan, Parks & Rabiner 1973.
 RemezProblem DesignGrid(int order, const double* edges, const double* amplitudes, int edgeCount,

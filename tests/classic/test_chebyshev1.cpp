@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <numeric>
 #include <vector>
@@ -88,6 +89,22 @@ TEST(Chebyshv1, KeepsPrototypeGainAndZerosAtTheOriginForOtherTypes)
         const IirArrays even = Design(2, 1.0, {0.3}, type);
         EXPECT_NEAR(even.b[0], Cheb1Prototype(2, 1.0).gain * std::pow(10.0, -0.05), 2 * epsilon);
         EXPECT_EQ(even.wn[0], 0.3);
+    }
+}
+
+TEST(Chebyshv1, KeepsTheBottomOfTheRippleInTheOneCoefficientOfOtherTypes)
+{
+    const double rp = 1.0;
+    const double eps = std::sqrt(std::pow(10.0, rp / 10.0) - 1.0);
+    for (const int analog : {0, 1}) {
+        for (int order = 1; order <= 6; ++order) {
+            const IirArrays f = Design(order, rp, {0.3}, 4, analog);
+            const double gain = 1.0 / (std::pow(2.0, order - 1) * eps);
+            const double expected = order % 2 != 0 ? -gain : gain * std::pow(10.0, -rp / 20.0);
+            EXPECT_NEAR(f.b[0], expected, 16 * epsilon * gain) << order; // a product of order poles
+            for (std::size_t i = 1; i < f.b.size(); ++i)
+                EXPECT_EQ(f.b[i], 0.0) << order << " " << i;
+        }
     }
 }
 

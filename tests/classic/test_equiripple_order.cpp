@@ -246,21 +246,30 @@ TEST(CreateFirByRemezord, RefusesAnEstimateBeyondAnInt)
     }
 }
 
-TEST(CreateFirByRemezord, RefusesTheLargestOddEstimateWhereItWouldBeRaised)
+// The edges of a transition from 0 with the estimated order: found by bisection, each width giving one.
+std::array<double, 4> EdgesForOrder(double order)
 {
-    // A transition whose estimate is 2^31 - 1: found by bisection, each width giving an order.
-    double narrow = 1e-10;
-    double wide = 1e-6;
-    constexpr double largest = 2147483647.0;
+    double narrow = 1e-6;
+    double wide = 1e-2;
     for (int step = 0; step < 200; ++step) {
         const double middle = 0.5 * (narrow + wide);
         const double taps = LowpassOrderEstimate(middle, 0.0, 0.01, 0.01);
-        (std::ceil(taps) - 1.0 > largest ? narrow : wide) = middle;
+        (std::ceil(taps) - 1.0 > order ? narrow : wide) = middle;
     }
-    ASSERT_EQ(std::ceil(LowpassOrderEstimate(wide, 0.0, 0.01, 0.01)) - 1.0, largest);
-    const std::array<double, 4> f = {0.0, 2.0 * wide, 0.0, 0.0};
-    EXPECT_EQ(Estimate(LowPass, f, {0.01, 0.01}).order, std::numeric_limits<int>::max());
-    EXPECT_EQ(Refusal(HighPass, f, {0.01, 0.01}), orderMessage);
+    return {0.0, 2.0 * wide, 0.0, 0.0};
+}
+
+TEST(Remezord, TakesEstimatesUpTo65536)
+{
+    EXPECT_EQ(Estimate(LowPass, EdgesForOrder(65536.0), {0.01, 0.01}).order, 65536);
+    EXPECT_EQ(Estimate(LowPass, EdgesForOrder(65535.0), {0.01, 0.01}).order, 65535);
+    EXPECT_EQ(Estimate(HighPass, EdgesForOrder(65535.0), {0.01, 0.01}).order, 65536);
+}
+
+TEST(CreateFirByRemezord, RefusesAnEstimateAbove65536)
+{
+    for (const int filterType : {LowPass, HighPass})
+        EXPECT_EQ(Refusal(filterType, EdgesForOrder(65537.0), {0.01, 0.01}), orderMessage);
 }
 
 TEST(CreateFirByRemezord, GivesNotANumberForAnInfiniteEdgeBesideAFiniteEstimate)

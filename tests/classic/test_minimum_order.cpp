@@ -160,6 +160,51 @@ TEST(FilterMinimumOrder, OfEqualEdgesIsTheMostNegativeInt)
     EXPECT_EQ(MinimumOrder(elliptic, {0.3, 0.3}, 1.0, 40.0).order, INT_MIN);
 }
 
+TEST(FilterMinimumOrder, KeepsOrderZeroForANotANumberOrZeroEdge)
+{
+    // No transition is left that would need an order.
+    for (const Family family : computed) {
+        for (const double x : {nan, 0.0}) {
+            for (const Row& edges : {Row{x, 0.3}, Row{0.3, x}, Row{x, x}})
+                EXPECT_EQ(MinimumOrder(family, edges, 1.0, 40.0).order, 0) << family << " " << x;
+        }
+        for (const std::size_t i : {0U, 1U, 3U}) {
+            Row bandstop = {0.1, 0.7, 0.3, 0.5};
+            bandstop[i] = nan;
+            EXPECT_EQ(MinimumOrder(family, bandstop, 1.0, 40.0).order, 0) << family << " " << i;
+        }
+        for (const std::size_t i : {0U, 1U}) {
+            Row bandpass = {0.3, 0.5, 0.1, 0.7};
+            bandpass[i] = nan;
+            EXPECT_EQ(MinimumOrder(family, bandpass, 1.0, 40.0).order, 0) << family << " " << i;
+        }
+    }
+}
+
+TEST(FilterMinimumOrder, KeepsPassingOverATransitionOfABandpassWithoutANumber)
+{
+    // The transition on the other side decides, as it does where the missing one is very wide.
+    for (const Family family : computed) {
+        const int upper = MinimumOrder(family, {0.3, 0.5, 1e-6, 0.7}, 1.0, 40.0).order;
+        const int lower = MinimumOrder(family, {0.3, 0.5, 0.1, 1.0 - 1e-6}, 1.0, 40.0).order;
+        EXPECT_GT(upper, 1);
+        EXPECT_GT(lower, 1);
+        for (const double x : {nan, 0.0}) {
+            EXPECT_EQ(MinimumOrder(family, {0.3, 0.5, x, 0.7}, 1.0, 40.0).order, upper) << family << x;
+            EXPECT_EQ(MinimumOrder(family, {0.3, 0.5, 0.1, x}, 1.0, 40.0).order, lower) << family << x;
+        }
+    }
+}
+
+TEST(FilterMinimumOrder, KeepsTakingABandstopWithoutItsFirstStopEdgeForABandpass)
+{
+    // A stop edge inside of the pass band: the selectivity is below 1. The Butterworth formula is then
+    // negative, the others are no number.
+    EXPECT_LT(MinimumOrder(butterworth, {0.1, 0.7, nan, 0.5}, 1.0, 40.0).order, 0);
+    for (const Family family : {chebyshev1, chebyshev2, elliptic})
+        EXPECT_EQ(MinimumOrder(family, {0.1, 0.7, nan, 0.5}, 1.0, 40.0).order, INT_MIN) << family;
+}
+
 TEST(FilterMinimumOrder, EndsForEdgesWithoutSense)
 {
     const double bad[] = {nan, inf, -inf, 0.0, 1.0, -0.3, 2.5, 1e300};

@@ -136,6 +136,9 @@ TEST(DenseGrid, ThrowsLengthErrorForTooManyPoints)
     }
     EXPECT_THROW(GridOf(21, {0.0, -infinity, 0.5, 1.0}), std::length_error);
     EXPECT_THROW(GridOf(1 << 30, {0.0, 0.5, 0.5, 1.0}), std::length_error);
+    // 8 points a tap: 2^24 and a few more.
+    EXPECT_LE(GridOf((1 << 21) - 41, {0.0, 0.5, 0.5, 1.0}).size(), std::size_t{1} << 24);
+    EXPECT_THROW(GridOf((1 << 21) + 41, {0.0, 0.5, 0.5, 1.0}), std::length_error);
 }
 
 TEST(DenseGrid, GivesAGridForEdgesOutOfOrder)

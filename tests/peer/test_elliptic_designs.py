@@ -1,7 +1,8 @@
 """The elliptic designs against SciPy's, and inside their masks.
 
 Left out are the odd highpasses and bandpasses: their numerator is antisymmetric on paper, and the design
-gives its last coefficient the sign of the first. measure_elliptic.py finds where else not to trust a design.
+gives its last coefficient the sign of the first. measure/accuracy/elliptic_accuracy.py finds where else not to
+trust a design.
 """
 
 import random

@@ -1,7 +1,10 @@
 """The IIR designs against SciPy and against exact designs with fifty digits.
 
-The orders in WITHIN are those that measure_iir_accuracy.py finds.
+The orders in WITHIN are those that measure/accuracy/iir_accuracy.py finds.
 """
+
+import sys
+from pathlib import Path
 
 import mpmath
 import numpy as np
@@ -10,8 +13,10 @@ import scipy.signal
 
 import exact_iir as exact
 import literal_iir as literal
-import measure_iir_accuracy as measure
 import trelvanix_library as trelvanix
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "measure" / "accuracy"))
+import iir_accuracy as measure
 
 EPSILON = np.finfo(float).eps
 RP, RS = measure.RIPPLE, measure.ATTENUATION

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstddef>
 
+#include "math/trigonometric.h"
+
 namespace trelvanix::testing
 {
 namespace
@@ -25,7 +27,7 @@ std::vector<double> PlainForwardTransform(const std::vector<double>& input)
         const int t = -static_cast<int>(k);
         const double theta = (static_cast<double>(t) + static_cast<double>(t)) * 3.141592653589793 /
                              static_cast<double>(n);
-        twiddles[k] = {std::cos(theta), std::sin(theta)};
+        twiddles[k] = {Cos(theta), Sin(theta)};
     }
 
     const int stages = static_cast<int>(std::log(static_cast<double>(n)) / std::log(2.0));

@@ -4,6 +4,9 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include "math/exponential.h"
+#include "math/trigonometric.h"
+
 namespace trelvanix::testing
 {
 namespace
@@ -14,7 +17,7 @@ constexpr double pi = 3.141592653589793;
 // A call with two doubles that the compiler has to leave a call.
 double Power(double base, double exponent)
 {
-    return std::pow(base, exponent);
+    return Pow(base, exponent);
 }
 
 double Factorial(int k)
@@ -29,15 +32,14 @@ double ImpulseAt(double t, double omega1, double omega2, FilterType filterType)
 {
     switch (filterType) {
     case FilterType::HighPass:
-        return t == 0.0 ? 1.0 - omega1 / pi : (std::sin(t * pi) - std::sin(t * omega1)) / (t * pi);
+        return t == 0.0 ? 1.0 - omega1 / pi : (Sin(t * pi) - Sin(t * omega1)) / (t * pi);
     case FilterType::BandPass:
-        return t == 0.0 ? (omega2 - omega1) / pi
-                        : (std::sin(t * omega2) - std::sin(t * omega1)) / (t * pi);
+        return t == 0.0 ? (omega2 - omega1) / pi : (Sin(t * omega2) - Sin(t * omega1)) / (t * pi);
     case FilterType::BandStop:
         return t == 0.0 ? 1.0 - (omega2 - omega1) / pi
-                        : (std::sin(t * pi) - std::sin(t * omega2) + std::sin(t * omega1)) / (t * pi);
+                        : (Sin(t * pi) - Sin(t * omega2) + Sin(t * omega1)) / (t * pi);
     default:
-        return t == 0.0 ? omega1 / pi : std::sin(t * omega1) / (t * pi);
+        return t == 0.0 ? omega1 / pi : Sin(t * omega1) / (t * pi);
     }
 }
 
@@ -69,7 +71,7 @@ std::vector<double> PlainGaussianWindow(int N)
     w.reserve(static_cast<std::size_t>(N));
     const double h = (N - 1.0) * 0.5;
     for (int n = 0; n < N; ++n)
-        w.push_back(std::exp(Power((n - h) * 2.5 / h, 2.0) * -0.5));
+        w.push_back(Exp(Power((n - h) * 2.5 / h, 2.0) * -0.5));
     return w;
 }
 

@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
 """Prints how time and memory of the exported functions grow with the size of a request.
 
-    TRELVANIX_LIBRARY=build/release/src/libTrelvanix.so /usr/bin/python3 tools/measure_growth.py
+    TRELVANIX_LIBRARY=.../libTrelvanix.so /usr/bin/python3 measure/growth.py
+
+scripts/measure.sh growth builds the library and writes docs/measured/growth.md.
 
 Each request runs in a process of its own. Time is processor time, the smallest of some repetitions; memory
 is by how much the process's largest resident size exceeds the one before the call, result array included.

@@ -1,9 +1,8 @@
 // Runs the equiripple designs of all four types over orders 1 to 200 and realistic edges and prints, as
 // Markdown tables, how many converge, how many end at the limit of 250 sweeps, and what comes out then:
 // the largest error in the bands beside the smallest one that any design of the family reaches up to
-// that order. Takes some ten seconds.
-//
-//   cmake --build build/release --target remez_convergence && build/release/tests/remez_convergence
+// that order. Takes some ten seconds. scripts/measure.sh remez_convergence builds it and writes
+// docs/measured/remez_convergence.md.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>

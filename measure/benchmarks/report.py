@@ -1,6 +1,6 @@
 """Joins the results of one run into Markdown tables, and draws how time and memory grow.
 
-    /usr/bin/python3 bench/report.py [--figure GROWTH.png] RESULT.json...
+    /usr/bin/python3 measure/benchmarks/report.py [--figure GROWTH.png] RESULT.json...
 
 The results are those of trelvanix_bench and of python_peers.py, all in Google Benchmark's form. Times are
 minima over the repetitions, medians in parentheses; a ratio is our minimum over the peer's, below one

@@ -1,6 +1,6 @@
 """Times of the peers in Python: NumPy and SciPy, called as their users call them.
 
-    TRELVANIX_LIBRARY=build/release/src/libTrelvanix.so /usr/bin/python3 bench/python_peers.py OUTPUT [FILTER]
+    TRELVANIX_LIBRARY=.../libTrelvanix.so /usr/bin/python3 measure/benchmarks/python_peers.py OUTPUT [FILTER]
 
 Writes OUTPUT in the form of Google Benchmark's JSON, rows named family/size/side as in trelvanix_bench,
 those alone that the regular expression FILTER finds. Each row first compares the peer's answer with the
@@ -24,7 +24,7 @@ import numpy as np
 import scipy.fft
 import scipy.signal
 
-sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "tests" / "peer"))
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "peer"))
 import trelvanix_library as trelvanix
 
 ROUNDS = 9

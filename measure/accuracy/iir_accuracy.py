@@ -1,6 +1,8 @@
-"""Measures the IIR designs of the built library; prints the tables of the documentation as Markdown.
+"""Measures the IIR designs of the built library; prints tables in Markdown.
 
-    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 tests/peer/measure_iir_accuracy.py
+    TRELVANIX_LIBRARY=.../libTrelvanix.so python3 measure/accuracy/iir_accuracy.py
+
+scripts/measure.sh iir_accuracy builds the library and writes docs/measured/iir_accuracy.md.
 
 First table: up to which order a design's response is within 0.01 dB of the exact one, wherever the exact
 one is above -100 dB, and the error of the first, third and fifth order after it; SciPy's transfer functions beside it.
@@ -10,11 +12,14 @@ Third table: to which order b and a of a Bessel lowpass are what they should be,
 """
 
 import math
+import sys
+from pathlib import Path
 
 import mpmath
 import numpy as np
 import scipy.signal
 
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests" / "peer"))
 import exact_iir as exact
 import literal_iir as literal
 import trelvanix_library as trelvanix
@@ -129,6 +134,12 @@ def row(errors_of, skipped=()):
 
 
 def accuracy_table():
+    print("## Responses\n")
+    print(f"Exact designs have fifty digits, from the closed formulas of the prototypes. Responses are compared "
+          f"at some hundred frequencies, dense around the edges, wherever one of the two is above {FLOOR} dB. "
+          f"Orders 1 to {LARGEST_ORDER}; ripple {RIPPLE} dB, attenuation {ATTENUATION:.0f} dB. \"Beyond\" are the "
+          f"first, third and fifth order after the last one that is right; the last column is for SciPy's transfer "
+          f"functions.\n")
     print("| Design | Type | Edges | Within 0.01 dB to order | 1st beyond | 3rd | 5th | SciPy to order |")
     print("|---|---|---|---|---|---|---|---|")
     for name, (design, prototype, peer, parameters) in FAMILIES.items():
@@ -176,6 +187,8 @@ def limits_row(name, requests):
 
 
 def limits_table():
+    print("## Sweep limits of the eigenvalue iteration\n")
+    print("What requests meet the limits of sweeps between two eigenvalues, and what isn't found beyond them.\n")
     print("| Requests | Designs | Meet a sweep limit | Where | Eigenvalues unfound |")
     print("|---|---|---|---|---|")
     for name, design, parameters in (
@@ -231,6 +244,7 @@ def limits_table():
 
 def bessel_edges_table():
     """The gain is read from the first numerator coefficient above 0.0001, which may be rounding noise."""
+    print("## Bessel lowpass filters by their edge\n")
     print("| Edge in rad/s | Gain within 0.01 dB to order | First gain beyond | Denominator within 1e-6 to order |")
     print("|---|---|---|---|")
     for edge in (0.01, 0.1, 1.0, 2 * math.pi, 20 * math.pi, 200 * math.pi, 2000 * math.pi):
