@@ -29,7 +29,13 @@ function(trelvanix_run_under_wine)
   endif()
 endfunction()
 
+# The programs of the tests of internals, those without a prefix.
+add_custom_target(unit_tests)
+
 function(trelvanix_add_gtest target)
+  if(NOT ARGV1)
+    add_dependencies(unit_tests ${target})
+  endif()
   if(CMAKE_CROSSCOMPILING)
     add_test(NAME ${ARGV1}${target} COMMAND ${target})
     trelvanix_run_under_wine(${ARGV1}${target})

@@ -83,7 +83,7 @@ run_gate() {
   build plain --target trelvanix_kernel_tests trelvanix_battery
   build/plain/tests/trelvanix_kernel_tests --gtest_brief=1
 
-  step "Determinism: the same bits from both, plain, without optimisation and with all instructions"
+  step "Determinism: the same bits from both, of plain kernels, without optimisation and with all instructions"
   scripts/battery.sh build/release build/clang build/plain g++-O0 clang++-O3-native
 
   step "Address and undefined-behaviour sanitizers: all tests"

@@ -26,7 +26,6 @@ import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-UNIT_TESTS = "tests/trelvanix_tests"
 TEST_PROCESSOR_SECONDS = 120
 TEST_BYTES = 8 << 30
 LONGEST_SECONDS = 3600
@@ -110,6 +109,15 @@ def suites_beside(path):
     return ":".join(f"{suite}.*" for suite in sorted(suites))
 
 
+def unit_tests(build):
+    """The programs of unit tests: of the core in tests/, of each product in a folder of its own."""
+    built = [path for pattern in ("trelvanix_*tests", "*/trelvanix_*tests")
+             for path in (build / "tests").glob(pattern) if path.is_file()]
+    if not built:
+        sys.exit(f"no unit tests below {build}")
+    return sorted(built)
+
+
 class Workshop:
     """A copy of the tree with a build folder, where one mutant at a time is made and tried."""
 
@@ -129,8 +137,8 @@ class Workshop:
         """A new build folder."""
         build = self.root / "build" / name
         self.run(["cmake", "-G", "Ninja", "-S", str(self.root), "-B", str(build),
-                  "-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_EXAMPLES=OFF",
-                  "-DTRELVANIX_BUILD_BENCHMARKS=OFF", *options])
+                  "-DCMAKE_BUILD_TYPE=Release", "-DCMAKE_CXX_FLAGS_RELEASE=-O1", "-DTRELVANIX_BUILD_TESTS=ON",
+                  *options])
         return build
 
     def run(self, command, limits=limit_resources):
@@ -146,8 +154,8 @@ class Workshop:
                         limit_processor_time)
 
     def unit_tests_pass(self, build, suites, limits=limit_resources):
-        return self.run([str(build / UNIT_TESTS), f"--gtest_filter={suites}", "--gtest_fail_fast",
-                         "--gtest_brief=1"], limits)
+        return all(self.run([str(program), f"--gtest_filter={suites}", "--gtest_fail_fast", "--gtest_brief=1"], limits)
+                   for program in unit_tests(build))
 
     def code(self):
         """The object files of the library, as digests."""
@@ -157,7 +165,7 @@ class Workshop:
     def killer(self, first_suites):
         """What fails first, "compiler" for a mutant that doesn't build, "same code" for one that is the
         original to the compiler, None for one that survives."""
-        if not self.make(self.build, "trelvanix_tests"):
+        if not self.make(self.build, "unit_tests"):
             return "compiler"
         if self.code() == self.unchanged_code:
             return "same code"
@@ -170,7 +178,7 @@ class Workshop:
             if not self.run(["ctest", "--test-dir", str(self.build), "-R", rf"^{group}\.", "--stop-on-failure",
                              "--timeout", str(LONGEST_SECONDS)]):
                 return group
-        if not self.make(self.sanitized, "trelvanix_tests"):
+        if not self.make(self.sanitized, "unit_tests"):
             return "compiler"
         if not self.unit_tests_pass(self.sanitized, "*", limit_processor_time):
             return "sanitizers"
