@@ -1,31 +1,16 @@
 """The library's algorithms written out step by step in Python floats, as slow as they come.
 
 Every operation is one rounding, in the order that the contract fixes: no vector, no fusion of loops,
-no symmetry used. sin, cos, exp, pow, hypot and sqrt are those of the C library, so that the results
-of the built library can be compared bit for bit.
+no symmetry used. Elementary functions are the exact ones, rounded once, so that the results of the built
+library can be compared bit for bit.
 
 Filter types and windows are numbered as in trelvanix.h.
 """
-import ctypes
+import functools
 
 import numpy as np
 
-_libm = ctypes.CDLL("libm.so.6")
-
-
-def _from_libm(name, arguments):
-    function = getattr(_libm, name)
-    function.restype = ctypes.c_double
-    function.argtypes = [ctypes.c_double] * arguments
-    return function
-
-
-cos = _from_libm("cos", 1)
-exp = _from_libm("exp", 1)
-hypot = _from_libm("hypot", 2)
-power = _from_libm("pow", 2)
-sin = _from_libm("sin", 1)
-sqrt = _from_libm("sqrt", 1)
+from exact_functions import cos, exp, hypot, power, sin, sqrt
 
 PI = 3.141592653589793
 TWO_PI = 6.283185307179586
@@ -60,6 +45,7 @@ def reverse_bits(i, m):
     return r
 
 
+@functools.lru_cache(256)
 def twiddles(n):
     """e^(-2 pi i k / n) for k below n / 2: real parts, imaginary parts."""
     real, imag = [], []

@@ -5,37 +5,11 @@ The conventions are those of literal_iir.py: complex numbers are pairs (re, im).
 u times the quarter period K(k).
 """
 
-import ctypes
-import ctypes.util
 import math
 
 import literal_iir as iir
-from literal_iir import HALF_PI, PI, TINY, cos, over, plus, power, product, quotient, sin, sqrt, times
-
-_libm = ctypes.CDLL(ctypes.util.find_library("m"))
-exp, log = (iir._c_function(name, 1) for name in ("exp", "log"))
-fmod = iir._c_function("fmod", 2)
-
-
-class _Complex(ctypes.Structure):
-    """A double complex as the calling convention of x86-64 and AArch64 passes it: like this structure."""
-
-    _fields_ = [("re", ctypes.c_double), ("im", ctypes.c_double)]
-
-
-def _complex_function(name):
-    function = getattr(_libm, name)
-    function.restype = _Complex
-    function.argtypes = [_Complex]
-
-    def call(x):
-        value = function(_Complex(*x))
-        return (value.re, value.im)
-
-    return call
-
-
-csqrt, csin, ccos, cacos = (_complex_function(name) for name in ("csqrt", "csin", "ccos", "cacos"))
+from exact_functions import asinh, atan2, cos, cosh, exp, fmod, hypot, log, power, sin, sinh, sqrt
+from literal_iir import HALF_PI, PI, TINY, over, plus, product, quotient, times
 
 K_MIN = 1e-6
 K_MAX = sqrt(1.0 - power(K_MIN, 2.0))
@@ -44,6 +18,37 @@ TWO_OVER_PI = 0.6366197723675814
 
 def scaled(factor, x):
     return (factor * x[0], factor * x[1])
+
+
+# ---- elementary functions of complex numbers -------------------------------------------------------
+# The formulas of Kahan 1987, in functions and operations that round once each.
+
+
+def complex_sine(z):
+    x, y = z
+    return (sin(x) * cosh(y), cos(x) * sinh(y))
+
+
+def complex_cosine(z):
+    x, y = z
+    return (cos(x) * cosh(y), -(sin(x) * sinh(y)))
+
+
+def complex_square_root(z):
+    x, y = z
+    if x == 0.0 and y == 0.0:
+        return (0.0, y)
+    t = sqrt((abs(x) + hypot(x, y)) * 0.5)
+    if x >= 0.0:
+        return (t, over(y, 2.0 * t))
+    return (over(abs(y), 2.0 * t), math.copysign(t, y))
+
+
+def complex_arc_cosine(z):
+    x, y = z
+    p = complex_square_root((1.0 + x, y))
+    m = complex_square_root((1.0 - x, -y))
+    return (2.0 * atan2(m[0], p[0]), asinh(p[0] * m[1] - p[1] * m[0]))
 
 
 # ---- moduli and integrals --------------------------------------------------------------------------
@@ -145,22 +150,22 @@ def sn(u, k):
 
 
 def cd_complex(u, k):
-    return ascend_complex(ccos(scaled(HALF_PI, u)), k)
+    return ascend_complex(complex_cosine(scaled(HALF_PI, u)), k)
 
 
 def sn_complex(u, k):
-    return ascend_complex(csin(scaled(HALF_PI, u)), k)
+    return ascend_complex(complex_sine(scaled(HALF_PI, u)), k)
 
 
 def inverse_cd_complex(w, k):
     before = k
     for modulus in landen_moduli(k):
         inner = scaled(power(before, 2.0), times(w, w))
-        root = csqrt((1.0 - inner[0], 0.0 - inner[1]))
+        root = complex_square_root((1.0 - inner[0], 0.0 - inner[1]))
         w = quotient(w, plus((1.0, 0.0), root))
         w = (over(w[0] * 2.0, 1.0 + modulus), over(w[1] * 2.0, 1.0 + modulus))
         before = modulus
-    u = scaled(TWO_OVER_PI, cacos(w))
+    u = scaled(TWO_OVER_PI, complex_arc_cosine(w))
     K, K_prime = elliptic_k(k)
     R = over(K_prime, K)
     return (symmetric_remainder(u[0], 4.0), symmetric_remainder(u[1], 2.0 * R))

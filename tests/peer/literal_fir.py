@@ -9,14 +9,12 @@ Refused with the library's message.
 """
 import math
 
-from literal import PI, TWO_PI, WINDOWS, _from_libm, cos, fft_by_arrays, ifft, power, quotient, sin
+from exact_functions import NAN, cos, log, log10, power, sin
+from literal import PI, TWO_PI, WINDOWS, fft_by_arrays, ifft, quotient
 
-_log = _from_libm("log", 1)
-_log10 = _from_libm("log10", 1)
-
-NAN = float("nan")
-LARGEST_GRID = 1 << 27
-LARGEST_INT = (1 << 31) - 1
+LARGEST_GRID = 1 << 24
+LARGEST_ORDER = 65536
+SMALLEST_INT = -(1 << 31)
 
 
 class Refused(Exception):
@@ -49,7 +47,7 @@ def all_finite(values):
 def grid_size(nn):
     if nn < 1024:
         return 512
-    return int(power(2.0, math.ceil(_log(float(nn)) / _log(2.0))))
+    return int(power(2.0, math.ceil(log(float(nn)) / log(2.0))))
 
 
 def sampled_amplitude(F, A, npt):
@@ -450,14 +448,8 @@ def create_fir_by_remez(order, filterType, wc1, wc2):
 # ---- Order -------------------------------------------------------------------------------------
 
 
-def log10_of(v):
-    if v > 0.0:
-        return _log10(v)
-    return NAN if v != 0.0 else -math.inf
-
-
 def lowpass_order_estimate(fa, fb, delta1, delta2):
-    L1, L2 = log10_of(delta1), log10_of(delta2)
+    L1, L2 = log10(delta1), log10(delta2)
     D = (-0.4278 - 0.4761 * L2) + L1 * (-0.5941 + 0.07114 * L2)
     D = D + power(L1, 2.0) * (-0.00266 + 0.005309 * L2)
     fK = 11.01217 + 0.51244 * (L1 - L2)
@@ -491,7 +483,7 @@ def remezord(filterType, f1, f2, f3, f4, dev):
     if any(math.isnan(e) for e in estimates) or not math.isfinite(L):
         raise refusal
     order = int(math.ceil(L) - 1.0)
-    if not -LARGEST_INT - 1 <= order <= LARGEST_INT:
+    if not SMALLEST_INT <= order <= LARGEST_ORDER:
         raise refusal
     edges = [0.0] + [2.0 * f for f in fcuts] + [1.0]
     t = []
@@ -505,8 +497,6 @@ def remezord(filterType, f1, f2, f3, f4, dev):
     weights = [largest / v for v in dev]
     if amplitudes[-1] != 0.0 and order % 2 == 1:
         order += 1
-        if order > LARGEST_INT:
-            raise refusal
     return order, edges, amplitudes, weights
 
 

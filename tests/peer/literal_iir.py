@@ -1,33 +1,17 @@
 """The IIR designs and the root finder once more, in plain Python: slow, literal, sharing no code with the
 library, so that the library's results can be compared with it bit for bit.
 
-Python's floats are IEEE doubles and every operator rounds once. Elementary functions come from the C
-library that the built library uses too. Complex numbers are pairs (re, im), matrices lists of rows.
+Python's floats are IEEE doubles and every operator rounds once, as every elementary function does. Complex
+numbers are pairs (re, im), matrices lists of rows.
 """
 
 import collections
-import ctypes
-import ctypes.util
 import math
 import os
 import re
 
-_libm = ctypes.CDLL(ctypes.util.find_library("m"))
+from exact_functions import NAN, asinh, atan2, cos, cosh, hypot, power, sin, sinh, sqrt, tan
 
-
-def _c_function(name, arguments):
-    function = getattr(_libm, name)
-    function.restype = ctypes.c_double
-    function.argtypes = [ctypes.c_double] * arguments
-    return function
-
-
-sin, cos, tan, sinh, cosh, asinh, sqrt = (
-    _c_function(name, 1) for name in ("sin", "cos", "tan", "sinh", "cosh", "asinh", "sqrt")
-)
-atan2, power, hypot = (_c_function(name, 2) for name in ("atan2", "pow", "hypot"))
-
-NAN = float("nan")
 PI = 3.141592653589793
 HALF_PI = 1.5707963267948966
 TINY = 2.2204e-16
@@ -616,7 +600,7 @@ def closed_zeros_and_gain(p, kind, n, Wo, gain_of_others):
         z = [one] * n + [(-1.0, 0.0)] * n
         at = phasor(w)
     elif kind == 3:
-        z = [phasor(w * (-1.0) ** i) for i in range(N)]
+        z = [phasor(w * (-1.0 if i % 2 else 1.0)) for i in range(N)]
         at = one
     else:
         return [(0.0, 0.0)] * N, gain_of_others
@@ -693,7 +677,11 @@ def bessel_table():
     with open(path) as file:
         pairs = re.findall(r"^\{(\S+), (\S+)\},$", file.read(), re.MULTILINE)
     values = [(float(x), float(y)) for x, y in pairs]
-    return {n: values[n * (n - 1) // 2 : n * (n + 1) // 2] for n in range(1, 26)}
+    rows = {n: values[n * (n - 1) // 2 : n * (n + 1) // 2] for n in range(1, 26)}
+    # As released: one pole twice instead of a pair, and a real pole whose value is an imaginary part.
+    rows[4] = [rows[4][1], *rows[4][1:]]
+    rows[17] = [(0.0, rows[17][0][0]), *rows[17][1:]]
+    return rows
 
 
 def bessel(n, wn, kind):
