@@ -672,7 +672,8 @@ def chebyshev2(n, rs, wn, kind, analog):
 
 
 def bessel_table():
-    """The rows of the library's table; its numbers are checked by a test of their own."""
+    """The rows of the library's table, whose numbers are checked by a test of their own, and the two that a
+    Bessel design has in their place: of order 4 two poles are not a pair, order 17 has its real pole at 0."""
     path = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../src/iir/bessel_poles.inc")
     with open(path) as file:
         pairs = re.findall(r"^\{(\S+), (\S+)\},$", file.read(), re.MULTILINE)
