@@ -1,6 +1,7 @@
 #include "math/argument_reduction.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "common/numbers.h"
 #include "math/scaled_rounding.h"
