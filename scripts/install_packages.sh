@@ -22,6 +22,7 @@ test_packages=(
   python3 python3-pytest python3-numpy python3-scipy python3-mpmath   # independent oracles
   clang libclang-rt-dev clang-format clang-tidy    # second compiler and its sanitizers, style
   g++-mingw-w64-x86-64-posix googletest            # Windows cross build and its tests
+  g++-aarch64-linux-gnu g++-s390x-linux-gnu qemu-user-static   # the bits of other processors
   dpkg-dev file lintian pkg-config                 # Debian packages, hosts built by pkg-config
   abigail-tools                                    # description of the binary interface
   gfortran mono-mcs mono-runtime libjna-java       # example hosts in Fortran, C# and Java

@@ -107,6 +107,9 @@ run_gate() {
   build mingw
   run_tests mingw
 
+  step "Other platforms: the same bits on Windows, on ARM and on a big-endian processor"
+  scripts/battery.sh --every 7 build/release build/mingw aarch64 s390x
+
   step "Style: clang-format, clang-tidy but for the tests"
   scripts/check_style.sh code
 
