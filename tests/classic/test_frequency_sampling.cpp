@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "classic/window_types.h"
+#include "math/exponential.h"
 #include "support/bits.h"
 
 namespace trelvanix
@@ -140,7 +141,7 @@ TEST(FrequencyGridSize, EndsInTheAllocationFailureForLargeCounts)
 TEST(FrequencyGridSize, KeepsTheRoundedQuotientOfLogarithmsForTwoTo29)
 {
     // log(2^29) / log(2) rounds to the double above 29, so the grid would have 2^30 steps.
-    EXPECT_GT(std::log(536870912.0) / std::log(2.0), 29.0);
+    EXPECT_GT(Log(536870912.0) / Log(2.0), 29.0);
     EXPECT_THROW(FrequencyGridSize(1 << 29), std::bad_array_new_length);
 }
 

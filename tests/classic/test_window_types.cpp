@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "fir/windows.h"
+#include "math/trigonometric.h"
 #include "support/bits.h"
 #include "support/plain_windows.h"
 
@@ -253,8 +254,8 @@ TEST(CreateWindow, GivesNotANumberForOneSampleWhereItDividesByZero)
 TEST(GenerateWindow, ReadsItsAnglesForFourWindowsOnly)
 {
     const double angles[] = {0.25, 0.5, 1.0};
-    EXPECT_EQ(GenerateWindow(WindowType::Hann, angles, 3)[1], 0.5 - 0.5 * std::cos(0.5));
-    EXPECT_EQ(GenerateWindow(WindowType::Hamming, angles, 3)[1], 0.54 - 0.46 * std::cos(0.5));
+    EXPECT_EQ(GenerateWindow(WindowType::Hann, angles, 3)[1], 0.5 - 0.5 * Cos(0.5));
+    EXPECT_EQ(GenerateWindow(WindowType::Hamming, angles, 3)[1], 0.54 - 0.46 * Cos(0.5));
     for (WindowType type = WindowType::Kaiser; type <= lastWindow;
          type = static_cast<WindowType>(static_cast<std::uint32_t>(type) + 1))
         EXPECT_TRUE(testing::HasSameBits(Window(type, 3), GenerateWindow(type, nullptr, 3).get()));

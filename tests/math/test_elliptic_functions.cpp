@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "math/elliptic_reference.inc"
+#include "math/trigonometric.h"
 
 namespace trelvanix
 {
@@ -191,8 +192,8 @@ TEST(JacobiCd, AndSnAreTheCircularFunctionsForModulusZero)
     const std::vector<double> cd = JacobiCd(u, 0.0);
     const std::vector<double> sn = JacobiSn(u, 0.0);
     for (std::size_t i = 0; i < u.size(); ++i) {
-        EXPECT_EQ(cd[i], std::cos(u[i] * pi * 0.5));
-        EXPECT_EQ(sn[i], std::sin(u[i] * pi * 0.5));
+        EXPECT_EQ(cd[i], Cos(u[i] * pi * 0.5));
+        EXPECT_EQ(sn[i], Sin(u[i] * pi * 0.5));
     }
 }
 

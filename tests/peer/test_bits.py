@@ -252,27 +252,6 @@ def test_designs_with_extreme_edges_have_the_bits_of_the_plain_steps(windowType)
                     check_design(order, filterType, windowType, wc1, wc2)
 
 
-# pow(x, 2) is x * x but for one number in a thousand (glibc 2.36), and most of these differences vanish in
-# the roundings that follow. They reach the window at these orders: where the Kaiser window squares its
-# abscissa, where the series of I0 squares its argument, and in the Gaussian and the Parzen window. The
-# cubes of the Parzen window differ at most orders.
-ORDERS_THAT_TELL_POWERS_FROM_PRODUCTS = {
-    "Kaiser abscissa": (5, (193, 233, 247, 270)),
-    "Kaiser series": (5, (167, 170, 199, 334)),
-    "Gaussian": (6, (113, 119, 121, 199, 226)),
-    "Parzen": (12, (156, 163, 312, 313)),
-}
-
-
-@pytest.mark.parametrize("place", ORDERS_THAT_TELL_POWERS_FROM_PRODUCTS)
-def test_squares_have_the_bits_of_the_power_function(place):
-    windowType, orders = ORDERS_THAT_TELL_POWERS_FROM_PRODUCTS[place]
-    rng = np.random.default_rng(150)
-    for order in orders:
-        for filterType in (0, 1, 2, 3, 0, 3):
-            check_design(order, filterType, windowType, *rng.uniform(0.2, 0.8, 2).tolist())
-
-
 def test_highpass_takes_any_second_edge():
     for wc2 in (-1.0, 0.0, 1.0, 5.0, np.inf, -np.inf, np.nan, 1.7976931348623157e308):
         for order in (1, 8, 9):

@@ -1,7 +1,7 @@
 """Windowed designs against the whole design at 50 digits, against scipy.signal.firwin, and their response.
 
-Error analysis, first order, unit roundoff u = 2^-53. The C library's functions are taken to be within one
-unit in the last place: at most u absolute for a sine or cosine, 2 u relative for exp and pow. The double
+Error analysis, first order, unit roundoff u = 2^-53. Elementary functions round to the nearest; the bounds
+leave them a whole unit in the last place: u absolute for a sine or cosine, 2 u relative for exp and pow. The double
 nearest to pi is off by 0.36 u relative, in 2 pi, 4 pi, 6 pi too.
 
 Ideal response. An edge w = wc pi carries 1.4 u, the angle t w another u, so 2.4 u |t| w absolute; each sine

@@ -1,6 +1,5 @@
 #include "support/plain_kernels.h"
 
-#include <cmath>
 #include <cstddef>
 
 #include "math/trigonometric.h"
@@ -30,7 +29,9 @@ std::vector<double> PlainForwardTransform(const std::vector<double>& input)
         twiddles[k] = {Cos(theta), Sin(theta)};
     }
 
-    const int stages = static_cast<int>(std::log(static_cast<double>(n)) / std::log(2.0));
+    int stages = 0;
+    while (n >> (stages + 1) > 0)
+        ++stages;
     for (int s = 0; s < stages; ++s) {
         const std::size_t groups = std::size_t{1} << s;
         const std::size_t length = std::size_t{1} << (stages - s);
