@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 
+#include "common/fixed_array.h"
 #include "common/numbers.h"
 #include "math/arc_tangent_kernel.h"
 #include "math/scaled_rounding.h"
@@ -103,7 +103,7 @@ double Atan2(double y, double x)
     if (std::isnan(x) || std::isnan(y))
         return x + y;
     if (IsSpecial(x) || IsSpecial(y)) {
-        constexpr std::array<double, 5> angles = {0.0, nearestQuarterPi, nearestHalfPi,
+        constexpr FixedArray<double, 5> angles = {0.0, nearestQuarterPi, nearestHalfPi,
                                                   nearestThreeQuarterPi, nearestPi};
         return std::copysign(angles[EighthsOfTurn(y, x)], y);
     }

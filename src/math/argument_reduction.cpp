@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "common/fixed_array.h"
 #include "common/numbers.h"
 #include "math/scaled_rounding.h"
 
@@ -12,7 +13,7 @@ namespace
 {
 
 // A number of quarter turns modulo 2^32, in two's complement: one limb before the point, the others behind.
-using QuarterTurns = std::array<std::uint32_t, 32>;
+using QuarterTurns = FixedArray<std::uint32_t, 32>;
 
 // Adds x 2 / pi to the sum of the given number of limbs, error below 2^(34 - 32 (limbs - 1)). Of the
 // product of the significand and 2 / pi only those limbs are formed that matter: what the higher ones
@@ -30,7 +31,7 @@ void AddQuarterTurns(double x, QuarterTurns& sum, int limbs)
     const int position = (exponent - shift) / 32;
     const std::uint64_t low = (significand & 0xFFFFFFFF) << shift;
     const std::uint64_t high = ((significand >> 32) << shift) + (low >> 32);
-    const std::array<std::uint64_t, 3> factor = {low & 0xFFFFFFFF, high & 0xFFFFFFFF, high >> 32};
+    const FixedArray<std::uint64_t, 3> factor = {low & 0xFFFFFFFF, high & 0xFFFFFFFF, high >> 32};
 
     QuarterTurns product{};
     for (int part = 0; part < 3; ++part) {
@@ -38,7 +39,7 @@ void AddQuarterTurns(double x, QuarterTurns& sum, int limbs)
         for (int i = limbs - 1; i >= 0; --i) {
             // Limb i weighs 2^(-32 i), entry j of the table 2^(-32 (j + 1)).
             const int entry = position + part + i - 1;
-            const bool inside = entry >= 0 && entry < static_cast<int>(twoOverPiLimbs.size());
+            const bool inside = entry >= 0 && entry < twoOverPiLimbs.Size();
             const std::uint64_t digit =
                 factor[part] * (inside ? twoOverPiLimbs[entry] : 0U) + product[i] + carry;
             product[i] = static_cast<std::uint32_t>(digit);
@@ -151,18 +152,18 @@ ReducedPair ReduceToPair(Pair x)
 // Five limbs more than asked for: 34 bits are uncertain, some 65 cancel at worst.
 WideReduced ReduceToWide(double x, int limbs)
 {
-    const int count = std::min(limbs + 5, static_cast<int>(QuarterTurns{}.size()));
+    const int count = std::min(limbs + 5, QuarterTurns::Size());
     QuarterTurns turns{};
     AddQuarterTurns(x, turns, count);
     const Nearest nearest = TakeNearest(turns, 0, count);
-    const WideNumber fraction = ToWide(turns.data(), count, 0, limbs + 1);
+    const WideNumber fraction = ToWide(turns.begin(), count, 0, limbs + 1);
     WideNumber rest = Multiply(fraction, QuarterPi(1, limbs + 1));
     return {nearest.multiple, nearest.negative ? Negate(rest) : rest};
 }
 
 WideNumber QuarterPi(std::int64_t power, int limbs)
 {
-    return ToWide(quarterPiLimbs.data(), static_cast<int>(quarterPiLimbs.size()), power, limbs);
+    return ToWide(quarterPiLimbs.begin(), quarterPiLimbs.Size(), power, limbs);
 }
 
 } // namespace trelvanix

@@ -1,8 +1,7 @@
 #ifndef TRELVANIX_MATH_EXPONENTIAL_TABLES_H
 #define TRELVANIX_MATH_EXPONENTIAL_TABLES_H
 
-#include <array>
-
+#include "common/fixed_array.h"
 #include "math/pair.h"
 
 namespace trelvanix
@@ -13,7 +12,7 @@ struct PowerOfTwoRow {
     double high, middle, low;
 };
 
-inline constexpr std::array<PowerOfTwoRow, 128> powersOfTwo = {{
+inline constexpr FixedArray<PowerOfTwoRow, 128> powersOfTwo = {{
 #include "math/exponential_table.inc"
 }};
 
@@ -24,7 +23,7 @@ struct ReciprocalRow {
     double reciprocal, high, middle, low;
 };
 
-inline constexpr std::array<ReciprocalRow, 128> reciprocals = {{
+inline constexpr FixedArray<ReciprocalRow, 128> reciprocals = {{
 #include "math/logarithm_table.inc"
 }};
 

@@ -1,12 +1,12 @@
 #include "math/power_core.h"
 
-#include <array>
 #include <bit>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 #include <optional>
 
+#include "common/fixed_array.h"
 #include "common/numbers.h"
 #include "math/exponential_core.h"
 #include "math/logarithm_core.h"
@@ -75,9 +75,9 @@ std::optional<double> RoundExactPower(double x, double y)
             return std::nullopt;
         power *= base.odd;
     }
-    const std::array<std::uint32_t, 2> digits = {static_cast<std::uint32_t>(power >> 32),
+    const FixedArray<std::uint32_t, 2> digits = {static_cast<std::uint32_t>(power >> 32),
                                                  static_cast<std::uint32_t>(power)};
-    return ToDouble(Scale(ToWide(digits.data(), 2, 64, 2), exponent));
+    return ToDouble(Scale(ToWide(digits.begin(), 2, 64, 2), exponent));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "math/wide_number.h"
+#include "common/fixed_array.h"
 #include "common/numbers.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ constexpr int limbBits = 32;
 constexpr Limb topBit = 0x80000000U;
 
 // Room for a product, or for a number with a guard limb.
-using LongDigits = std::array<Limb, 2 * WideNumber::maxLimbs + 1>;
+using LongDigits = FixedArray<Limb, 2 * WideNumber::maxLimbs + 1>;
 
 // 0.digits[0] ... digits[count - 1] times 2^exponent, brought to the form of a wide number and cut.
 WideNumber Normalized(const LongDigits& digits, int count, std::int64_t exponent, int limbs,

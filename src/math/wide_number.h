@@ -1,9 +1,10 @@
 #ifndef TRELVANIX_MATH_WIDE_NUMBER_H
 #define TRELVANIX_MATH_WIDE_NUMBER_H
 
-#include <array>
 #include <cstdint>
 #include <optional>
+
+#include "common/fixed_array.h"
 
 namespace trelvanix
 {
@@ -19,7 +20,7 @@ namespace trelvanix
 struct WideNumber {
     static constexpr int maxLimbs = 48;
 
-    std::array<std::uint32_t, maxLimbs> digits{};
+    FixedArray<std::uint32_t, maxLimbs> digits{};
     std::int64_t exponent = 0;
     int limbs = 2;
     bool negative = false;

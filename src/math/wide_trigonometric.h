@@ -1,7 +1,6 @@
 #ifndef TRELVANIX_MATH_WIDE_TRIGONOMETRIC_H
 #define TRELVANIX_MATH_WIDE_TRIGONOMETRIC_H
 
-#include <array>
 #include <cstdint>
 
 #include "math/wide_number.h"

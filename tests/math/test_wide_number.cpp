@@ -51,15 +51,17 @@ class RandomNumbers
 public:
     WideNumber Next(int limbs, int exponentRange)
     {
-        std::array<std::uint32_t, WideNumber::maxLimbs> digits;
+        FixedArray<std::uint32_t, WideNumber::maxLimbs> digits;
         for (int i = 0; i < limbs; ++i) {
             // Runs of zeros and ones find carries that random digits do not.
             const auto kind = random_() % 4;
             digits[i] = kind == 0 ? 0U : kind == 1 ? ~0U : static_cast<std::uint32_t>(random_());
         }
         digits[0] |= 1U;
-        const int exponent = static_cast<int>(random_() % (2 * exponentRange + 1)) - exponentRange;
-        const WideNumber x = ToWide(digits.data(), limbs, exponent, limbs);
+        const int exponent =
+            static_cast<int>(random_() % static_cast<std::uint64_t>(2 * exponentRange + 1)) -
+            exponentRange;
+        const WideNumber x = ToWide(digits.begin(), limbs, exponent, limbs);
         return random_() % 2 == 0 ? x : Negate(x);
     }
 
