@@ -24,8 +24,8 @@ Arguments NearQuarterTurns(Random& random)
 // Angles of windows: 2 pi k / n, times 1 to 4.
 Arguments WindowAngles(Random& random)
 {
-    const double n = static_cast<double>(1 + random() % 5000);
-    const double k = static_cast<double>(random() % 5000);
+    const auto n = static_cast<double>(1 + random() % 5000);
+    const auto k = static_cast<double>(random() % 5000);
     return {static_cast<double>(1 + random() % 4) * 2.0 * pi * k / n};
 }
 
@@ -62,8 +62,8 @@ Arguments PointsOfEveryRatio(Random& random)
 // Angles that are subnormal, many of them exact or halfway between two doubles but for y^3 / 3 x^3.
 Arguments SubnormalAngles(Random& random)
 {
-    const double y = static_cast<double>(1 + random() % 256);
-    const double x = static_cast<double>(1 + random() % 64);
+    const auto y = static_cast<double>(1 + random() % 256);
+    const auto x = static_cast<double>(1 + random() % 64);
     return {std::ldexp(y, -1074 + static_cast<int>(random() % 8)),
             std::ldexp(x, static_cast<int>(random() % 10))};
 }

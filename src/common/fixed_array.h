@@ -37,7 +37,7 @@ struct FixedArray {
         return elements + count;
     }
 
-    static constexpr int Size()
+    constexpr int Size() const
     {
         return count;
     }

@@ -152,7 +152,7 @@ ReducedPair ReduceToPair(Pair x)
 // Five limbs more than asked for: 34 bits are uncertain, some 65 cancel at worst.
 WideReduced ReduceToWide(double x, int limbs)
 {
-    const int count = std::min(limbs + 5, QuarterTurns::Size());
+    const int count = std::min(limbs + 5, QuarterTurns{}.Size());
     QuarterTurns turns{};
     AddQuarterTurns(x, turns, count);
     const Nearest nearest = TakeNearest(turns, 0, count);
