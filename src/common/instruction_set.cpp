@@ -6,7 +6,7 @@ namespace trelvanix
 ProcessorFeatures DetectFeatures()
 {
 #if defined(TRELVANIX_X86_KERNELS)
-    return {__builtin_cpu_supports("avx2") != 0,
+    return {static_cast<bool>(__builtin_cpu_supports("avx2")),
             __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
                 __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512bw")};
 #else
